@@ -1,0 +1,14 @@
+# One interface target carries what every target of the tree is compiled with.
+add_library(velmora_options INTERFACE)
+target_include_directories(velmora_options INTERFACE
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+target_compile_options(velmora_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
+if(VELMORA_WERROR)
+  target_compile_options(velmora_options INTERFACE -Werror)
+endif()
+if(VELMORA_SANITIZE)
+  # float-divide-by-zero stays off: degenerate ranges divide by zero on purpose and give inf or NaN.
+  target_compile_options(velmora_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(velmora_options INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,147 @@
+#include "examples/plot/csv_table.h"
+
+#include <csv.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <memory>
+#include <system_error>
+
+#include "examples/plot/failure.h"
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// What libcsv calls back: fields one by one, then the end of the row.
+class TableBuilder {
+ public:
+  size_t line = 1;
+
+  void beginRowUnlessOpen() {
+    if (!_rowOpen) _rowLine = line;
+    _rowOpen = true;
+  }
+
+  void field(std::string_view text) {
+    if (!_headerDone) {
+      CsvColumn column;
+      column.name = std::string(text);
+      table.columns.push_back(std::move(column));
+    } else if (_cell < table.columns.size()) {
+      addCell(table.columns[_cell], text);
+    }
+    ++_cell;
+  }
+
+  void endRow() {
+    if (_headerDone) {
+      for (; _cell < table.columns.size(); ++_cell) addCell(table.columns[_cell], {});
+      table.rowLines.push_back(_rowLine);
+    }
+    _headerDone = true;
+    _rowOpen = false;
+    _cell = 0;
+  }
+
+  CsvTable table;
+
+ private:
+  static void addCell(CsvColumn& column, std::string_view text) {
+    const auto number = parseNumber(text);
+    if (number) {
+      ++column.numbers;
+    } else {
+      const bool blank = text.find_first_not_of(" \t") == std::string_view::npos;
+      column.texts += blank ? 0 : 1;
+      column.firstGapRow = std::min(column.firstGapRow, column.values.size());
+    }
+    column.values.push_back(number.value_or(std::numeric_limits<double>::quiet_NaN()));
+  }
+
+  bool _headerDone = false;
+  bool _rowOpen = false;
+  size_t _rowLine = 1;
+  size_t _cell = 0;
+};
+
+void onField(void* text, size_t length, void* builder) {
+  static_cast<TableBuilder*>(builder)->field({static_cast<const char*>(text), length});
+}
+
+void onRow(int, void* builder) { static_cast<TableBuilder*>(builder)->endRow(); }
+
+// Commas unless the header has none of them and one of the other two.
+char separatorOf(std::string_view header) {
+  if (header.find(',') != std::string_view::npos) return ',';
+  if (header.find(';') != std::string_view::npos) return ';';
+  return header.find('\t') != std::string_view::npos ? '\t' : ',';
+}
+
+struct CsvCloser {
+  void operator()(csv_parser* parser) const { csv_free(parser); }
+};
+
+}  // namespace
+
+const CsvColumn* CsvTable::column(std::string_view name) const {
+  const auto found = std::find_if(columns.begin(), columns.end(),
+                                  [name](const CsvColumn& column) { return column.name == name; });
+  return found == columns.end() ? nullptr : &*found;
+}
+
+std::optional<double> parseNumber(std::string_view text) {
+  const size_t begin = text.find_first_not_of(" \t");
+  if (begin == std::string_view::npos) return std::nullopt;
+  text = text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
+  if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
+  double value = 0.0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value)) return std::nullopt;
+  return value;
+}
+
+CsvTable parseCsv(std::string_view text, const std::string& name) {
+  if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) text.remove_prefix(kByteOrderMark.size());
+  if (text.find_first_not_of(" \t\r\n") == std::string_view::npos)
+    throw PlotFailure(name + " is empty; a CSV file begins with a row of column names.");
+
+  csv_parser parser;
+  if (csv_init(&parser, CSV_APPEND_NULL) != 0) throw PlotFailure("There is no memory to read " + name + ".");
+  const std::unique_ptr<csv_parser, CsvCloser> closer(&parser);
+  csv_set_delim(&parser, static_cast<unsigned char>(separatorOf(text.substr(0, text.find('\n')))));
+
+  // Line by line, so that every row knows the line on which it began.
+  TableBuilder builder;
+  while (!text.empty()) {
+    const std::string_view chunk = text.substr(0, std::min(text.find('\n'), text.size() - 1) + 1);
+    if (chunk.find_first_not_of(" \t\r\n") != std::string_view::npos) builder.beginRowUnlessOpen();
+    if (csv_parse(&parser, chunk.data(), chunk.size(), onField, onRow, &builder) != chunk.size())
+      throw PlotFailure(name + " cannot be read as CSV in line " + std::to_string(builder.line) + ": " +
+                        csv_strerror(csv_error(&parser)) + ".");
+    text.remove_prefix(chunk.size());
+    ++builder.line;
+  }
+  csv_fini(&parser, onField, onRow, &builder);
+  return std::move(builder.table);
+}
+
+CsvTable readCsv(const std::filesystem::path& path) {
+  const std::string name = "'" + path.string() + "'";
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error))
+    throw PlotFailure(name + " is a directory; give a CSV file.");
+  errno = 0;
+  std::ifstream file(path, std::ios::binary);
+  if (!file)
+    throw PlotFailure(name + " cannot be read (" + std::strerror(errno) + "); give a CSV file that exists and is readable.");
+  const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  if (file.bad()) throw PlotFailure(name + " cannot be read to its end; check the disk that holds it.");
+  return parseCsv(text, name);
+}

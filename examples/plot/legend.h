@@ -1,0 +1,37 @@
+// plot/legend.h: which colour is which line.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "velmora/platform/label_view.h"
+#include "velmora/platform/view.h"
+
+struct LegendEntry {
+  std::string name;
+  uint32_t colorCode;
+};
+
+/// Rows of colour and name, centred in a width; what does not fit into three rows is counted in a last entry.
+class Legend : public VELView {
+ public:
+  /// A legend that wants a width in points; its height is `frame().height`.
+  static std::shared_ptr<Legend> create(const std::vector<LegendEntry>& entries, double width);
+
+  /// Use `create`.
+  Legend() = default;
+
+ private:
+  struct Item {
+    std::shared_ptr<VELLabelView> swatch;  // null for the entry that counts the rest
+    std::shared_ptr<VELLabelView> name;
+    double width = 0.0;
+  };
+  using Row = std::vector<Item>;
+
+  static Item makeItem(const std::string& name, const uint32_t* colorCode);
+  static std::vector<Row> fillRows(const std::vector<LegendEntry>& entries, double width);
+  void placeRow(const Row& row, double width, double top);
+};

@@ -1,0 +1,29 @@
+// plot/options.h: what the command line asks for.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "velmora/platform/geometry.h"
+
+struct PlotOptions {
+  std::filesystem::path file;
+  std::filesystem::path out;  ///< the picture; without --out the name of the file with .png, in this folder
+  std::optional<std::string> x;
+  std::vector<std::string> y;
+  VELSize size{1280.0, 720.0};  ///< points
+  double scale = 1.0;           ///< pixels per point
+  std::string title;
+  bool digital = false;
+  bool resampling = true;
+};
+
+/// Reads the command line.
+/// @return nothing when help or version was asked for and printed
+/// @throws PlotFailure for an option that is wrong
+std::optional<PlotOptions> parseOptions(int argc, const char* const* argv);
+
+/// "1280x720" as a size in points. @throws PlotFailure unless it is two positive numbers
+VELSize parseSize(const std::string& text);

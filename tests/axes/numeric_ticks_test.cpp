@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "velmora/axes/delta_calculator.h"
+#include "velmora/axes/nice_scale.h"
+#include "velmora/axes/numeric_tick_provider.h"
+#include "velmora/platform/exception.h"
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+std::vector<double> listOf(const std::shared_ptr<VELArrayController>& list) {
+  if (!list) return {};
+  const auto values = list->doubles();
+  return {values.begin(), values.end()};
+}
+
+VELDoubleAxisDelta spacingFor(double min, double max, int32_t maxTicks = 10) {
+  VELNiceDoubleScale scale(min, max, 5, maxTicks);
+  scale.calculateDelta();
+  return scale.tickSpacing();
+}
+
+TEST(NiceScale, RoundsToOneTwoFive) {
+  struct Row {
+    double value;
+    bool round;
+    double nice;
+  };
+  for (const Row& row : std::vector<Row>{{7.3, false, 10},  {7.3, true, 10},   {0.45, true, 0.5},
+                                         {2.0, false, 2},   {2.9, true, 2},    {1000, false, 1000},
+                                         {1.49, true, 1},   {1.5, true, 2},    {6.99, true, 5},
+                                         {5.09, false, 5},  {5.1, false, 10},  {0.001, true, 0.001},
+                                         {1e308, false, 1e308}, {3e-200, true, 5e-200}, {0, true, 0}}) {
+    EXPECT_DOUBLE_EQ(VELNiceDoubleScale::niceNumWithRange(row.value, row.round), row.nice) << row.value;
+  }
+}
+
+TEST(NiceScale, StepsAndRangeOfAHundred) {
+  VELNiceDoubleScale scale(-3, 97, 5, 10);
+  scale.calculateDelta();
+  EXPECT_TRUE(scale.tickSpacing().equals(VELDoubleAxisDelta(2, 10)));
+  EXPECT_TRUE(scale.niceRange().equals(VELDoubleRange(-10, 100)));
+  EXPECT_EQ(VELGenericDouble(spacingFor(0, 100, -7).majorDelta), 100);
+}
+
+TEST(NiceScale, RefusesToDivideAMajorIntoNothing) {
+  EXPECT_NO_THROW(VELNiceDoubleScale(0, 1, 1, 10));
+  try {
+    VELNiceDoubleScale(0, 1, 0, 10);
+    FAIL();
+  } catch (const VELInternalInconsistencyException& e) {
+    EXPECT_STREQ(e.what(), "Minors per major must be greater or equal to 2");
+  }
+  EXPECT_FALSE(VELNumericDeltaCalculator::instance().getDeltaFromRangeMin(kNaN, 1, 5, 10));
+  EXPECT_FALSE(VELNumericDeltaCalculator::instance().getDeltaFromRangeMin(0, kNaN, 5, 10));
+}
+
+TEST(NumericTicks, StandAtTheMultiplesInsideTheRange) {
+  struct Row {
+    double min, max, minor, major;
+    std::vector<double> majors;
+    size_t minors;
+  };
+  for (const Row& row : std::vector<Row>{
+           {0.05, 1.0, 0.04, 0.2, {0.2, 0.4, 0.6, 0.8, 1.0}, 19},
+           {-0.3, 0.3, 0.02, 0.1, {-0.3, -0.2, -0.1, 0, 0.1, 0.2, 0.3}, 24},
+           {0, 1e-4, 2e-6, 1e-5, {0, 1e-5, 2e-5, 3e-5, 4e-5, 5e-5, 6e-5, 7e-5, 8e-5, 9e-5, 1e-4}, 40},
+           {6, 6, 0.4, 2, {6}, 0},
+           {6.1, 6.1, 0.4, 2, {}, 0},
+           {-0.05, 0.05, 0.02, 0.2, {0}, 4},
+           {0, 1e308, 2e306, 5e307, {0, 5e307, 1e308}, 48},
+           // 15 digits are all there are: so far out every minor counts as lying on a major.
+           {1e15, 1e15 + 4, 0.4, 2, {1e15, 1e15 + 2, 1e15 + 4}, 0},
+           {2, 1, 0.2, 1, {}, 0},
+           {kNaN, 1, 0.2, 1, {}, 0},
+           {0, kNaN, 0.2, 1, {}, 0},
+           {-kInf, kInf, 0.2, 1, {}, 0},
+           {0, 1, kNaN, 1, {}, 0},
+           {0, 1, 0.9e-13, 0.5, {}, 0},
+           {0, 1, 0.1, -0.5, {}, 8},
+       }) {
+    VELNumericTickProvider provider;
+    const VELDoubleAxisDelta delta(row.minor, row.major);
+    const auto majors = listOf(provider.calculateMajorTicksWithRange(row.min, row.max, delta));
+    ASSERT_EQ(majors.size(), row.majors.size()) << row.min << " to " << row.max;
+    for (size_t i = 0; i < majors.size(); ++i) {
+      EXPECT_DOUBLE_EQ(majors[i], row.majors[i]);
+      EXPECT_FALSE(majors[i] == 0 && std::signbit(majors[i])) << "a label would read -0";
+    }
+    const auto minors = listOf(provider.calculateMinorTicksWithRange(row.min, row.max, delta));
+    EXPECT_EQ(minors.size(), row.minors) << row.min << " to " << row.max;
+  }
+}
+
+// Every range that a scale divides is ticked completely: none is lost to rounding, minors never on majors.
+TEST(NumericTicks, NoneIsLostWhateverTheMagnitude) {
+  VELNumericTickProvider provider;
+  for (int exponent = -11; exponent <= 15; ++exponent) {
+    for (int from = -7; from <= 7; ++from) {
+      for (const int steps : {1, 2, 3, 5, 7, 9, 10}) {
+        for (const double mantissa : {1.0, 2.0, 5.0}) {
+          const double step = mantissa * std::pow(10.0, exponent);
+          const VELDoubleAxisDelta delta(step / 5, step);
+          const double min = from * step, max = (from + steps) * step;
+          const auto majors = listOf(provider.calculateMajorTicksWithRange(min, max, delta));
+          const auto minors = listOf(provider.calculateMinorTicksWithRange(min, max, delta));
+          // The end itself may lie a rounding below the last tick.
+          const auto whole = static_cast<size_t>(steps) + 1;
+          EXPECT_GE(majors.size(), whole - 1) << min << " to " << max;
+          EXPECT_LE(majors.size(), whole);
+          EXPECT_GE(minors.size(), static_cast<size_t>(steps) * 4) << min << " to " << max << " by " << step;
+          EXPECT_LE(minors.size(), static_cast<size_t>(steps) * 4 + 1);
+        }
+      }
+    }
+  }
+}
+
+TEST(NumericTicks, KeepTheirPlacesWhilePanned) {
+  VELNumericTickProvider provider;
+  for (double min = -1.0; min < 1.0; min += 0.0137) {
+    for (const double tick : listOf(provider.calculateMajorTicksWithRange(min, min + 2, {0.04, 0.2})))
+      EXPECT_NEAR(tick / 0.2, std::round(tick / 0.2), 1e-12);
+  }
+}
+
+TEST(NumericTicks, AListHasAnEndAndIsUsedAgainWhenNobodyKeepsIt) {
+  VELNumericTickProvider provider;
+  const auto all = provider.calculateMajorTicksWithRange(0, 1e9, {1e-3, 1});
+  EXPECT_EQ(all->count(), VELNumericTickProvider::maxTicksPerPass);
+  EXPECT_EQ(listOf(provider.calculateMinorTicksWithRange(0, 1e9, {1, 0.5})).size(), 0u);
+  EXPECT_EQ(listOf(provider.calculateMinorTicksWithRange(1e300, 1e300, {1, 0.5})).size(), 0u);
+  const auto other = provider.calculateMajorTicksWithRange(0, 1, {0.1, 0.5});
+  EXPECT_NE(other, all) << "the first list is still kept";
+  EXPECT_EQ(all->count(), VELNumericTickProvider::maxTicksPerPass);
+  const VELArrayController* memory = provider.calculateMinorTicksWithRange(0, 1, {0.1, 0.5}).get();
+  EXPECT_EQ(provider.calculateMinorTicksWithRange(0, 2, {0.1, 0.5}).get(), memory);
+}
+
+}  // namespace

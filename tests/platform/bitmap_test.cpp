@@ -1,0 +1,162 @@
+// platform/bitmap_test.cpp: pictures in memory and in files, and files that change as a whole or not at all.
+#include "velmora/platform/bitmap.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "velmora/platform/file_replacement.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder for one test, gone with it.
+class Folder {
+ public:
+  Folder() : _path(fs::path(testing::TempDir()) / ("velmora-" + std::to_string(::getpid()))) {
+    fs::create_directories(_path);
+  }
+  ~Folder() { fs::remove_all(_path); }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  std::string file(const std::string& name) const { return (_path / name).string(); }
+  ptrdiff_t count() const { return std::distance(fs::directory_iterator(_path), fs::directory_iterator()); }
+
+ private:
+  fs::path _path;
+};
+
+/// No file of this process grows beyond a size, so that writing fails in the middle.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : _handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &_before);
+    const rlimit limit{bytes, _before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &_before);
+    std::signal(SIGXFSZ, _handler);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+ private:
+  void (*_handler)(int);
+  rlimit _before{};
+};
+
+std::string contentsOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<uint8_t> bytes(std::string_view text) { return {text.begin(), text.end()}; }
+
+VELBitmap noise(int32_t width, int32_t height) {
+  VELBitmap bitmap(width, height);
+  uint32_t state = 1;
+  for (uint8_t& byte : bitmap.pixels())
+    byte = static_cast<uint8_t>((state = state * 1664525u + 1013904223u) >> 24);
+  for (size_t i = 3; i < bitmap.pixels().size(); i += 4) bitmap.pixels()[i] = 255;
+  return bitmap;
+}
+
+}  // namespace
+
+TEST(Bitmap, PixelsLieAsRedGreenBlueAlphaFromTheTopLeft) {
+  VELBitmap bitmap(3, 2);
+  EXPECT_EQ(bitmap.pixels().size(), 24u);
+  bitmap.row(1)[8] = 0x11;
+  bitmap.row(1)[11] = 0x44;
+  EXPECT_EQ(bitmap.colorCodeAt(2, 1), 0x44000011u);
+  for (const auto& [x, y] : {std::pair{-1, 0}, {3, 0}, {0, -1}, {0, 2}})
+    EXPECT_EQ(bitmap.colorCodeAt(x, y), 0u);
+  for (const auto& [width, height] : {std::pair{0, 5}, {5, 0}, {-1, -1}})
+    EXPECT_TRUE(VELBitmap(width, height).isEmpty());
+}
+
+TEST(Bitmap, AnOpaquePictureComesBackFromItsFileBitByBit) {
+  const Folder folder;
+  for (const auto& [width, height] : {std::pair{1, 1}, {7, 3}, {256, 64}}) {
+    const VELBitmap picture = noise(width, height);
+    EXPECT_EQ(picture.writePng(folder.file("noise.png")), std::nullopt);
+    EXPECT_EQ(VELBitmap::readPng(folder.file("noise.png")), picture) << width;
+  }
+  EXPECT_EQ(folder.count(), 1);
+}
+
+TEST(Bitmap, ATranslucentPictureComesBackWithinWhatPremultiplyingCosts) {
+  const Folder folder;
+  VELBitmap picture = noise(256, 8);
+  for (int32_t y = 0; y < 8; ++y)
+    for (size_t x = 0; x < 256; ++x) picture.row(y)[4 * x + 3] = static_cast<uint8_t>(x);
+  ASSERT_EQ(picture.writePng(folder.file("glass.png")), std::nullopt);
+  const auto back = VELBitmap::readPng(folder.file("glass.png"));
+  ASSERT_TRUE(back);
+  for (size_t i = 0; i < picture.pixels().size(); ++i) {
+    const int alpha = picture.pixels()[i | 3];
+    if ((i & 3) != 3 && alpha == 0) continue;
+    // A channel is kept in steps of 255 / alpha; the encoder's own rounding may cost one step more.
+    const int allowed = (i & 3) == 3 ? 0 : alpha == 255 ? 0 : 255 / alpha + 1;
+    ASSERT_NEAR(back->pixels()[i], picture.pixels()[i], allowed) << i << " alpha " << alpha;
+  }
+}
+
+TEST(Bitmap, WhatIsNoPngIsRefusedByName) {
+  const Folder folder;
+  const std::string text = folder.file("text.png");
+  std::ofstream(text) << "no picture";
+  for (const std::string& path : {text, folder.file("missing.png")}) {
+    std::string reason;
+    EXPECT_EQ(VELBitmap::readPng(path, &reason), std::nullopt);
+    EXPECT_NE(reason.find("'" + path + "'"), std::string::npos) << reason;
+  }
+  EXPECT_NE(VELBitmap().writePng(folder.file("none.png")), std::nullopt);
+  EXPECT_FALSE(fs::exists(folder.file("none.png")));
+}
+
+TEST(FileReplacement, AWriteThatFailsHalfwayLeavesTheOldFileAndNothingBesideIt) {
+  const Folder folder;
+  const std::string path = folder.file("old.png");
+  ASSERT_EQ(VELReplaceFile(path, bytes("the old contents")), std::nullopt);
+  {
+    const FileSizeLimit limit(1000);
+    const auto reason = noise(256, 256).writePng(path);
+    ASSERT_TRUE(reason);
+    EXPECT_NE(reason->find("'" + path + "'"), std::string::npos) << *reason;
+  }
+  EXPECT_EQ(contentsOf(path), "the old contents");
+  EXPECT_EQ(folder.count(), 1);
+}
+
+TEST(FileReplacement, PlacesThatTakeNoFileAreNamed) {
+  const Folder folder;
+  fs::create_directory(folder.file("folder"));
+  for (const std::string& path :
+       {folder.file("missing/x"), folder.file("folder"), std::string(), folder.file("folder/")}) {
+    const auto reason = VELReplaceFile(path, bytes("x"));
+    ASSERT_TRUE(reason) << path;
+    EXPECT_NE(reason->find("'" + path + "'"), std::string::npos) << *reason;
+  }
+  EXPECT_EQ(folder.count(), 1);
+}
+
+TEST(FileReplacement, LinksStayLinksAndDevicesStayDevices) {
+  const Folder folder;
+  const std::string target = folder.file("target"), link = folder.file("link");
+  ASSERT_EQ(VELReplaceFile(target, bytes("old")), std::nullopt);
+  fs::create_symlink("target", link);
+  EXPECT_EQ(VELReplaceFile(link, bytes("new")), std::nullopt);
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_EQ(contentsOf(target), "new");
+  EXPECT_EQ(VELReplaceFile("/dev/null", bytes("away")), std::nullopt);
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+  EXPECT_NE(VELReplaceFile("/dev/full", bytes("never")), std::nullopt);
+}

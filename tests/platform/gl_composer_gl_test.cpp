@@ -1,0 +1,226 @@
+// platform/gl_composer_gl_test.cpp: what a view tree looks like, pixel by pixel.
+#include "velmora/platform/gl_composer.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <string>
+
+#include "velmora/platform/label_view.h"
+#include "velmora/platform/offscreen/offscreen_host.h"
+
+namespace {
+
+constexpr double kQuarter = std::numbers::pi / 2.0;
+constexpr uint32_t kRed = 0xFF0000FFu, kGreen = 0xFF00FF00u, kWhite = 0xFFFFFFFFu;
+
+/// A view with a layer whose upper half is red and whose lower half is green.
+class LayerView : public VELView {
+ public:
+  LayerView(const VELRect& frame, const std::shared_ptr<VELGLContext>& context, int32_t width, int32_t height)
+      : VELView(frame), layer(context) {
+    VELGL& gl = context->gl();
+    const uint32_t framebuffer = gl.genFramebuffer();
+    gl.bindFramebuffer(VELGL_FRAMEBUFFER, framebuffer);
+    layer.allocate(width, height);
+    layer.attachToFramebuffer();
+    gl.enable(VELGL_SCISSOR_TEST);
+    gl.scissor(0, 0, width, height / 2);
+    gl.clearColor(0.0f, 1.0f, 0.0f, 1.0f);
+    gl.clear(VELGL_COLOR_BUFFER_BIT);
+    gl.scissor(0, height / 2, width, height);
+    gl.clearColor(1.0f, 0.0f, 0.0f, 1.0f);
+    gl.clear(VELGL_COLOR_BUFFER_BIT);
+    gl.deleteFramebuffer(framebuffer);
+  }
+  void compose(VELComposer& composer, const VELRect& frameInRoot) override {
+    composer.composeLayer(layer, frameInRoot);
+  }
+  VELGLLayer layer;
+};
+
+std::shared_ptr<VELOffscreenHost> makeHost(double scale, const VELSize& size = {120.0, 60.0}) {
+  std::string failure;
+  auto host = VELOffscreenHost::create(size, scale, &failure);
+  EXPECT_TRUE(host) << failure;
+  if (host) host->glContext()->makeCurrent();
+  return host;
+}
+
+std::shared_ptr<VELLabelView> addLabel(VELOffscreenHost& host, const std::string& text, VELPoint centre,
+                                       double turn = 0.0) {
+  auto label = std::make_shared<VELLabelView>(VELRect{centre.x, centre.y, 0.0, 0.0});
+  label->setText(text);
+  label->setTransform(VELAffineTransform::rotation(turn));
+  label->sizeToFit();
+  host.rootView()->addSubview(label);
+  return label;
+}
+
+/// Where a mask's pixel lies after so many quarters clockwise.
+std::pair<int32_t, int32_t> turned(int32_t x, int32_t y, const VELTextMask& mask, int quarters) {
+  switch (quarters & 3) {
+    case 1:
+      return {mask.height - 1 - y, x};
+    case 2:
+      return {mask.width - 1 - x, mask.height - 1 - y};
+    case 3:
+      return {y, mask.width - 1 - x};
+    default:
+      return {x, y};
+  }
+}
+
+/// Black text on white: every pixel is 255 minus the coverage. The tolerance is the blender's rounding.
+void expectText(const VELBitmap& picture, const std::string& text, VELPoint centreInPixels, double scale,
+                int quarters) {
+  const VELTextMask mask = VELTextEngine::instance().rasterise({{text, {}, 0.0}}, scale);
+  ASSERT_GT(mask.width, 4);
+  const bool isLying = quarters & 1;
+  const int32_t width = isLying ? mask.height : mask.width, height = isLying ? mask.width : mask.height;
+  const auto left = static_cast<int32_t>(std::floor(centreInPixels.x - width / 2.0 + 0.5));
+  const auto top = static_cast<int32_t>(std::floor(centreInPixels.y - height / 2.0 + 0.5));
+  for (int32_t y = 0; y < mask.height; ++y)
+    for (int32_t x = 0; x < mask.width; ++x) {
+      const auto [column, row] = turned(x, y, mask, quarters);
+      const uint32_t code = picture.colorCodeAt(left + column, top + row);
+      const int expected = 255 - mask.coverage[static_cast<size_t>(y * mask.width + x)];
+      ASSERT_NEAR(static_cast<int>(code & 0xFFu), expected, 1) << text << " at " << x << ", " << y;
+      ASSERT_EQ(code >> 24, 0xFFu) << "text over an opaque picture leaves it opaque";
+    }
+}
+
+}  // namespace
+
+TEST(GLComposer, ATextKeepsItsOwnPixelsAtEveryScaleAndQuarterWhereverItIsCentred) {
+  for (const double scale : {1.0, 1.5, 2.0})
+    for (int quarters = -1; quarters < 3; ++quarters)
+      for (const VELPoint centre : {VELPoint{60.0, 30.0}, {59.37, 30.81}}) {
+        const auto host = makeHost(scale);
+        ASSERT_TRUE(host);
+        host->setBackgroundColor(VELColor::fromColorCode(kWhite));
+        addLabel(*host, "1,234.5", centre, quarters * kQuarter);
+        SCOPED_TRACE(testing::Message() << scale << " " << quarters);
+        expectText(host->picture(), "1,234.5", {centre.x * scale, centre.y * scale}, scale, quarters);
+      }
+}
+
+TEST(GLComposer, ALayerShowsItsPixelsUprightAtItsFrameAndALabelAboveIt) {
+  const auto host = makeHost(2.0);
+  ASSERT_TRUE(host);
+  const auto view = std::make_shared<LayerView>(VELRect{10.0, 10.0, 50.0, 40.0}, host->glContext(), 100, 80);
+  host->rootView()->addSubview(view);
+  EXPECT_EQ(host->picture().colorCodeAt(60, 60), 0xFF000000u) << "nothing presented, nothing to show";
+  view->layer.present();
+  addLabel(*host, "▪", {35.0, 20.0})->setTextColor(VELColor(0.0, 0.0, 1.0, 0.5));
+  const VELBitmap picture = host->picture();
+  EXPECT_TRUE(picture.isOpaque());
+  const struct {
+    int32_t x, y;
+    uint32_t code;
+  } rows[] = {{20, 20, kRed},         {119, 20, kRed},       {20, 59, kRed},
+              {20, 60, kGreen},       {119, 99, kGreen},     {19, 20, 0xFF000000u},
+              {120, 20, 0xFF000000u}, {20, 19, 0xFF000000u}, {20, 100, 0xFF000000u}};
+  for (const auto& row : rows)
+    EXPECT_EQ(picture.colorCodeAt(row.x, row.y), row.code) << row.x << ", " << row.y;
+  // Alpha 0.5 is the byte 127: half of the red stays below the full coverage of the square.
+  bool isMixed = false;
+  for (int32_t x = 60; x < 80; ++x) isMixed |= picture.colorCodeAt(x, 42) == 0xFF7F0080u;
+  EXPECT_TRUE(isMixed);
+}
+
+TEST(GLComposer, ALayerOfAnotherSizeIsStretchedAndOneCutToWholePointsIsNot) {
+  const auto host = makeHost(2.0);
+  ASSERT_TRUE(host);
+  const auto stretched = std::make_shared<LayerView>(VELRect{0, 0, 40, 40}, host->glContext(), 8, 8);
+  const auto cut = std::make_shared<LayerView>(VELRect{50, 0, 40.7, 40.7}, host->glContext(), 80, 80);
+  for (const auto& view : {stretched, cut}) {
+    view->layer.present();
+    host->rootView()->addSubview(view);
+  }
+  const VELBitmap picture = host->picture();
+  EXPECT_EQ(picture.colorCodeAt(79, 79), kGreen);
+  EXPECT_EQ(picture.colorCodeAt(79, 0), kRed);
+  EXPECT_NE(picture.colorCodeAt(0, 39), picture.colorCodeAt(0, 36)) << "stretched, the halves fade over";
+  EXPECT_EQ(picture.colorCodeAt(100, 39), kRed);
+  EXPECT_EQ(picture.colorCodeAt(100, 40), kGreen);
+  EXPECT_EQ(picture.colorCodeAt(180, 40), 0xFF000000u) << "what was cut off stays empty";
+}
+
+TEST(GLComposer, AnUnchangedLabelIsNeverRasterisedTwice) {
+  const auto host = makeHost(2.0);
+  ASSERT_TRUE(host);
+  const auto label = addLabel(*host, "0.25", {30.0, 30.0});
+  addLabel(*host, "0.25", {90.0, 30.0}, kQuarter);
+  VELTextTextureCache& cache = host->composer().textCache();
+  const VELBitmap first = host->picture();
+  EXPECT_EQ(cache.rasterised(), 1u) << "a turned label shares the texture";
+  for (int frame = 0; frame < 3; ++frame) EXPECT_EQ(host->picture(), first);
+  label->setText("0.25");
+  label->setTextColor(VELColor(1.0, 0.0, 0.0));
+  label->setFrame({1.0, 2.0, 30.0, 14.0});
+  EXPECT_NE(host->picture(), first);
+  EXPECT_EQ(cache.rasterised(), 1u) << "neither colour nor place is in the texture";
+  label->setText("0.50");
+  host->picture();
+  EXPECT_EQ(cache.rasterised(), 2u);
+}
+
+TEST(GLComposer, ACacheTooSmallForAFrameStillGivesTheWholeFrame) {
+  const auto host = makeHost(2.0);
+  ASSERT_TRUE(host);
+  host->setBackgroundColor(VELColor::fromColorCode(kWhite));
+  for (int i = 0; i < 5; ++i) addLabel(*host, std::to_string(i), {10.0 + 20.0 * i, 30.0});
+  const VELBitmap whole = host->picture();
+  host->composer().textCache().setByteLimit(0);
+  EXPECT_EQ(host->picture(), whole);
+  EXPECT_EQ(host->picture(), whole);
+  EXPECT_EQ(host->composer().textCache().count(), 0u);
+}
+
+TEST(GLComposer, WhateverStateGLWasLeftInThePictureIsTheSame) {
+  const auto host = makeHost(1.0);
+  ASSERT_TRUE(host);
+  const auto view = std::make_shared<LayerView>(VELRect{10, 10, 50, 40}, host->glContext(), 50, 40);
+  view->layer.present();
+  host->rootView()->addSubview(view);
+  addLabel(*host, "0.25", {30.0, 30.0});
+  const VELBitmap expected = host->picture();
+  VELGL& gl = host->glContext()->gl();
+  gl.enable(VELGL_SCISSOR_TEST);
+  gl.scissor(0, 0, 1, 1);
+  gl.enable(VELGL_CULL_FACE);
+  gl.enable(VELGL_DEPTH_TEST);
+  gl.disable(VELGL_BLEND);
+  gl.blendFuncSeparate(VELGL_ZERO, VELGL_ZERO, VELGL_ZERO, VELGL_ZERO);
+  gl.viewport(5, 5, 7, 7);
+  gl.activeTexture(VELGL_TEXTURE1);
+  gl.bindBuffer(VELGL_ARRAY_BUFFER, 0);
+  gl.useProgram(0);
+  EXPECT_EQ(host->picture(), expected);
+  EXPECT_EQ(gl.getError(), VELGL_NO_ERROR);
+}
+
+TEST(GLComposer, FramesTurnsAndColoursThatShowNothingDoNoHarm) {
+  constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+  constexpr double kInf = std::numeric_limits<double>::infinity();
+  const auto host = makeHost(1.0);
+  ASSERT_TRUE(host);
+  const VELBitmap empty = host->picture();
+  for (const VELRect& frame :
+       {VELRect{kNaN, 0, 9, 9}, {kInf, 0, 9, 9}, {0, 0, -kInf, 9}, {1e300, 1e300, 9, 9}}) {
+    addLabel(*host, "x", {})->setFrame(frame);
+    const auto view = std::make_shared<LayerView>(frame, host->glContext(), 4, 4);
+    view->layer.present();
+    host->rootView()->addSubview(view);
+  }
+  for (const VELAffineTransform& turn :
+       {VELAffineTransform::zero(), {kNaN, 0, 0, 1, 0, 0}, {1, 0, 0, 1, kInf, 0}, {1e300, 0, 0, 1e300, 0, 0}})
+    addLabel(*host, "x", {30.0, 30.0})->setTransform(turn);
+  addLabel(*host, "x", {30.0, 30.0})->setTextColor(VELColor(1.0, 1.0, 1.0, 0.0));
+  addLabel(*host, "", {30.0, 30.0});
+  EXPECT_EQ(host->picture(), empty);
+  EXPECT_EQ(host->glContext()->gl().getError(), VELGL_NO_ERROR);
+}

@@ -1,0 +1,171 @@
+// platform/text_engine_test.cpp: measured and rasterised text.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+
+#include "velmora/platform/label_view.h"
+#include "velmora/platform/text.h"
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+VELTextEngine& engine() { return VELTextEngine::instance(); }
+
+VELAttributedText plain(const std::string& text, double size = 12.0) {
+  return {{text, {"", size, false}, 0.0}};
+}
+
+/// First and last row and column with ink.
+struct Ink {
+  int32_t left = std::numeric_limits<int32_t>::max(), top = left, right = -1, bottom = -1;
+};
+
+Ink inkOf(const VELTextMask& mask, int32_t fromColumn = 0) {
+  Ink ink;
+  for (int32_t y = 0; y < mask.height; ++y)
+    for (int32_t x = fromColumn; x < mask.width; ++x) {
+      if (mask.coverage[static_cast<size_t>(y * mask.width + x)] == 0) continue;
+      ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x), std::max(ink.bottom, y)};
+    }
+  return ink;
+}
+
+}  // namespace
+
+TEST(TextEngine, TheMaskIsTheMeasuredBoxInPixelsAndEvenRoomAroundAtEveryScale) {
+  ASSERT_TRUE(engine().hasFonts());
+  for (const char* text : {"0.25", "1,234.5", "Amplitude (mV)", "jÅf", "−10", "مرحبا", "日本", " ", "AVAVAV"})
+    for (const double size : {9.0, 12.0, 17.5})
+      for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+        const VELSize points = engine().measure(plain(text, size));
+        const VELTextMask mask = engine().rasterise(plain(text, size), scale);
+        EXPECT_EQ(mask.width, 2 + static_cast<int32_t>(std::ceil(points.width * scale - 1e-6))) << text;
+        const int32_t room = mask.height - static_cast<int32_t>(std::ceil(points.height * scale - 1e-6));
+        EXPECT_TRUE(room >= 4 && room <= 12 && room % 2 == 0) << text << room;
+        ASSERT_EQ(mask.coverage.size(), static_cast<size_t>(mask.width) * static_cast<size_t>(mask.height));
+      }
+}
+
+TEST(TextEngine, NoInkIsCutOffAndTheInkHasTheSameShapeAtBothScales) {
+  for (const char* text : {"jÅf", "W", "0.25", "fff", "Typgj|", "(−1.5e−7)"})
+    for (const double size : {9.0, 12.0, 40.0}) {
+      const Ink once = inkOf(engine().rasterise(plain(text, size), 1.0));
+      const VELTextMask large = engine().rasterise(plain(text, size), 2.0);
+      const Ink twice = inkOf(large);
+      // The outermost pixels are the margin; ink there would have been cut.
+      EXPECT_GE(twice.left, 1) << text << size;
+      EXPECT_LE(twice.right, large.width - 2) << text << size;
+      EXPECT_GE(twice.top, 1) << text << size;
+      EXPECT_LE(twice.bottom, large.height - 2) << text << size;
+      // Letters move by at most half a pixel to the grid, at either end, and edges fade over one.
+      EXPECT_NEAR(twice.right - twice.left, 2 * (once.right - once.left), 4) << text << size;
+      EXPECT_NEAR(twice.bottom - twice.top, 2 * (once.bottom - once.top), 4) << text << size;
+    }
+}
+
+TEST(TextEngine, ALetterStandsSharpOnItsBaseline) {
+  // The foot of an E is a horizontal edge: fully covered above, empty below.
+  for (const double scale : {1.0, 2.0}) {
+    const VELTextMask mask = engine().rasterise(plain("E"), scale);
+    const Ink ink = inkOf(mask);
+    const auto middle = static_cast<size_t>(ink.bottom * mask.width + (ink.left + ink.right) / 2);
+    EXPECT_GE(mask.coverage[middle], 240) << scale;
+  }
+}
+
+TEST(TextEngine, WidthAddsUpAndHeightGrowsWithTheFont) {
+  const auto width = [](const std::string& text, double size) {
+    return engine().measure(plain(text, size)).width;
+  };
+  EXPECT_NEAR(width("00000000", 12.0), 8 * width("0", 12.0), 0.1);
+  EXPECT_NEAR(width("0000", 24.0), 2 * width("0000", 12.0), 0.1);
+  EXPECT_GT(engine().measure({{"0000", {"", 12.0, true}, 0.0}}).width, width("0000", 12.0));
+  EXPECT_NEAR(engine().capHeight({"", 100.0, false}), 72.9, 0.5);  // DejaVu Sans: 1493 of 2048 units
+  EXPECT_NEAR(engine().capHeight({"", 12.0, false}), 12.0 * 0.729, 0.1);
+}
+
+TEST(TextEngine, ARaisedRunStandsHigherByItsOffset) {
+  const VELFont font{"", 20.0, false};
+  for (const double scale : {1.0, 2.0}) {
+    const VELTextMask flat = engine().rasterise({{"10", font, 0.0}, {"7", font, 0.0}}, scale);
+    const VELTextMask raised = engine().rasterise({{"10", font, 0.0}, {"7", font, 6.0}}, scale);
+    const auto lastLetter = static_cast<int32_t>(engine().measure({{"10", font, 0.0}}).width * scale) + 2;
+    const int32_t grown = raised.height - flat.height;
+    EXPECT_NEAR(grown, 6.0 * scale, 1.0);
+    // The base goes down with the taller box, the raised digit stays under its top.
+    EXPECT_NEAR(inkOf(raised).bottom - inkOf(flat).bottom, grown, 1);
+    EXPECT_NEAR(inkOf(raised, lastLetter).bottom - inkOf(flat, lastLetter).bottom, grown - 6.0 * scale, 1.0);
+  }
+}
+
+TEST(TextEngine, TextsAndFontsOutOfTheOrdinaryDoNoHarm) {
+  const std::string million(1000000, 'W');
+  const std::vector<VELAttributedText> rows = {{},
+                                               plain(""),
+                                               plain("x", 0.0),
+                                               plain("x", -3.0),
+                                               plain("x", kNaN),
+                                               plain("x", kInf),
+                                               plain("x", 1e-9),
+                                               plain("\xff\xfe\xc3"),
+                                               plain("\xe2\x82"),
+                                               plain(std::string("a\0b", 3)),
+                                               plain("a\nb\tc\r\n"),
+                                               plain(million),
+                                               {{"x", {"No Such Font, \xff", 12.0, true}, 0.0}},
+                                               {{"x", {}, kNaN}, {"y", {}, kInf}, {"z", {}, -1e300}}};
+  for (size_t i = 0; i < rows.size(); ++i)
+    for (const double scale : {1.0, 1e9, 0.0, -1.0, kNaN}) {
+      const VELSize size = engine().measure(rows[i]);
+      EXPECT_TRUE(std::isfinite(size.width) && std::isfinite(size.height)) << i;
+      const VELTextMask mask = engine().rasterise(rows[i], scale);
+      EXPECT_TRUE(mask.width <= 4096 && mask.height <= 4096) << i;
+      EXPECT_EQ(mask.coverage.empty(), mask.width == 0) << i;
+    }
+  for (size_t i = 0; i < 5; ++i) EXPECT_EQ(engine().measure(rows[i]), VELSize()) << i;
+  const double lineHeight = engine().measure(plain("x")).height;
+  EXPECT_EQ(engine().measure(plain("a\nb\tc\r\n")).height, lineHeight) << "one line, whatever it holds";
+  EXPECT_EQ(engine().measure(plain(million)), engine().measure(plain(std::string(1000, 'W'))));
+  EXPECT_GT(engine().measure(plain("\xff")).width, 0.0) << "wrong bytes show as a replacement";
+}
+
+TEST(TextEngineDeathTest, WithoutFontsEveryTextIsNothing) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // a fresh process, which has read no fonts yet
+  const auto path = std::filesystem::path(testing::TempDir()) / "velmora-no-fonts.conf";
+  std::ofstream(path) << "<?xml version=\"1.0\"?><fontconfig></fontconfig>";
+  EXPECT_EXIT(
+      {
+        setenv("FONTCONFIG_FILE", path.c_str(), 1);
+        const bool isNothing = !engine().hasFonts() && engine().measure(plain("x")) == VELSize() &&
+                               engine().capHeight({}) == 0.0 &&
+                               engine().rasterise(plain("x"), 2.0).width == 0;
+        std::exit(isNothing ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "");
+  std::filesystem::remove(path);
+}
+
+TEST(LabelView, SizeFollowsTextFontAndTurnAndTheCentreStays) {
+  VELLabelView label({90, 40, 20, 20});
+  label.setText("0.25");
+  const VELSize small = engine().measure(plain("0.25"));
+  EXPECT_EQ(label.textSize(), small);
+  label.setFont({"", 24.0, false});
+  EXPECT_EQ(label.textSize(), engine().measure(plain("0.25", 24.0)));
+  label.setFont({"", 12.0, false});
+  label.setTransform(VELAffineTransform::rotation(-std::acos(0.0)));
+  label.sizeToFit();
+  EXPECT_NEAR(label.frame().width, small.height, 1e-9);
+  EXPECT_NEAR(label.frame().height, small.width, 1e-9);
+  EXPECT_NEAR(label.frame().center().x, 100.0, 1e-9);
+  label.setAttributedText({{"10", {}, 0.0}, {"3", {"", 8.0, false}, 5.0}});
+  EXPECT_EQ(label.text(), "103");
+  EXPECT_EQ(label.textSize(), engine().measure(label.attributedText()));
+}

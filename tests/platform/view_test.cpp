@@ -1,0 +1,150 @@
+// platform/view_test.cpp: the tree of rectangles, its layout and the order in which it shows.
+#include "velmora/platform/view.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "velmora/platform/composer.h"
+#include "velmora/platform/gl_layer.h"
+
+namespace {
+
+/// Does as told when it is laid out, and counts.
+class ScriptedView : public VELView {
+ public:
+  using VELView::VELView;
+  std::function<void(ScriptedView&)> onLayout;
+  int layouts = 0;
+  std::string name;
+
+  void layoutSubviews() override {
+    ++layouts;
+    if (onLayout) onLayout(*this);
+  }
+  void compose(VELComposer& composer, const VELRect& frameInRoot) override {
+    composer.composeText({{name, {}, 0.0}}, 0, {}, {}, frameInRoot);
+  }
+};
+
+class RecordingComposer : public VELComposer {
+ public:
+  std::string names;
+  std::vector<VELRect> frames;
+  void composeLayer(const VELGLLayer&, const VELRect&) override { ADD_FAILURE() << "no view has a layer"; }
+  void composeText(const VELAttributedText& text, uint32_t, const VELSize&, const VELAffineTransform&,
+                   const VELRect& frame) override {
+    names += text.at(0).text;
+    frames.push_back(frame);
+  }
+};
+
+std::shared_ptr<ScriptedView> makeView(const std::string& name, const VELRect& frame = {0, 0, 10, 10}) {
+  auto view = std::make_shared<ScriptedView>(frame);
+  view->name = name;
+  return view;
+}
+
+std::string namesBelow(const VELView& view) {
+  std::string names;
+  for (const auto& subview : view.subviews()) names += static_cast<const ScriptedView&>(*subview).name;
+  return names;
+}
+
+}  // namespace
+
+TEST(View, AViewHasOnePlaceInOneTree) {
+  const auto first = makeView("1"), second = makeView("2"), a = makeView("a"), b = makeView("b");
+  first->addSubview(a);
+  first->insertSubview(b, 99);
+  EXPECT_EQ(namesBelow(*first), "ab");
+  first->insertSubview(b, 0);
+  EXPECT_EQ(namesBelow(*first), "ba");
+  second->addSubview(a);
+  EXPECT_EQ(namesBelow(*first), "b");
+  EXPECT_EQ(a->superview(), second);
+  a->removeFromSuperview();
+  a->removeFromSuperview();
+  EXPECT_EQ(a->superview(), nullptr);
+  EXPECT_TRUE(second->subviews().empty());
+}
+
+TEST(View, NoViewComesBelowItself) {
+  const auto top = makeView("t"), middle = makeView("m"), low = makeView("l");
+  top->addSubview(middle);
+  middle->addSubview(low);
+  low->addSubview(top);
+  low->addSubview(middle);
+  low->addSubview(low);
+  low->addSubview(nullptr);
+  EXPECT_TRUE(low->subviews().empty());
+  EXPECT_EQ(middle->superview(), top);
+  EXPECT_EQ(top->superview(), nullptr);
+}
+
+TEST(View, ASubviewForgetsAViewThatIsGone) {
+  const auto low = makeView("l");
+  {
+    const auto top = makeView("t");
+    top->addSubview(low);
+  }
+  EXPECT_EQ(low->superview(), nullptr);
+  low->removeFromSuperview();
+}
+
+TEST(View, OnlyWhatAskedIsLaidOutAndASizeAsksAPlaceDoesNot) {
+  const auto top = makeView("t"), low = makeView("l");
+  top->addSubview(low);
+  top->layoutIfNeeded();
+  top->layoutIfNeeded();
+  EXPECT_EQ(top->layouts, 1);
+  low->setFrame({5, 6, 10, 10});
+  top->layoutIfNeeded();
+  EXPECT_EQ(low->layouts, 1);
+  low->setFrame({5, 6, 11, 10});
+  top->layoutIfNeeded();
+  EXPECT_EQ(low->layouts, 2);
+  EXPECT_EQ(top->layouts, 1);
+}
+
+TEST(View, ALayoutMayTakeItsOwnViewAwayAndTheNextIsNotForgotten) {
+  const auto top = makeView("t");
+  auto leaving = makeView("a");
+  const auto next = makeView("b");
+  leaving->onLayout = [](ScriptedView& view) {
+    view.removeFromSuperview();
+    view.name += " is gone but still alive";
+  };
+  top->addSubview(leaving);
+  top->addSubview(next);
+  const std::weak_ptr<ScriptedView> gone = leaving;
+  leaving.reset();
+  top->layoutIfNeeded();
+  EXPECT_TRUE(gone.expired());
+  EXPECT_EQ(next->layouts, 1);
+  EXPECT_EQ(namesBelow(*top), "b");
+}
+
+TEST(View, WhatALayoutAddsIsLaidOutToo) {
+  const auto top = makeView("t"), added = makeView("b");
+  top->onLayout = [&](ScriptedView& view) { view.addSubview(added); };
+  top->layoutIfNeeded();
+  EXPECT_EQ(added->layouts, 1);
+}
+
+TEST(View, ATreeShowsFromTheBackToTheFrontInRootCoordinatesWithoutHiddenBranches) {
+  const auto top = makeView("t", {1, 2, 100, 100}), a = makeView("a", {10, 20, 50, 50}),
+             b = makeView("b", {3, 4, 5, 6}), hidden = makeView("h"), below = makeView("x");
+  top->addSubview(a);
+  a->addSubview(b);
+  top->addSubview(hidden);
+  hidden->addSubview(below);
+  hidden->setHidden(true);
+  top->addSubview(makeView("c"));
+  RecordingComposer composer;
+  composer.composeTree(*top);
+  EXPECT_EQ(composer.names, "tabc");
+  EXPECT_EQ(composer.frames.at(2), (VELRect{14, 26, 5, 6}));
+  EXPECT_EQ(b->frameInRoot(), composer.frames.at(2));
+}

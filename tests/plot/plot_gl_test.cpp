@@ -1,0 +1,183 @@
+// The whole program, from a file to a picture.
+#include "examples/plot/plot.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+#include "velmora/rendering/visual_style.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contentOf(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+class Plot : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    _folder = fs::temp_directory_path() / ("velmora-plot-test-" + std::to_string(::getpid()));
+    fs::create_directories(_folder);
+    write("good.csv", "t,a,b\n0,1,5\n1,2,4\n2,0,6\n");
+  }
+  void TearDown() override { fs::remove_all(_folder); }
+
+  void write(const std::string& name, const std::string& text) const {
+    std::ofstream(_folder / name, std::ios::binary) << text;
+  }
+  std::string path(const std::string& name) const { return (_folder / name).string(); }
+
+  /// Runs the program. @return exit code; its outputs are in `out` and `err`
+  int run(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "velmora-plot");
+    std::vector<const char*> argv;
+    for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const int code = runPlot(static_cast<int>(argv.size()), argv.data());
+    out = testing::internal::GetCapturedStdout();
+    err = testing::internal::GetCapturedStderr();
+    return code;
+  }
+
+  std::string out, err;
+  fs::path _folder;
+};
+
+TEST_F(Plot, BadInputEndsWithOneSentenceAndTouchesNothing) {
+  write("empty.csv", "");
+  write("blank.csv", " \n\r\n");
+  write("header.csv", "a,b\n");
+  write("words.csv", "a,b\nx,y\n");
+  write("mixed.csv", "a,b\n1,y\n2,z\n");
+  write("old.png", "an older picture");
+  const std::string good = path("good.csv"), old = path("old.png");
+
+  struct Row {
+    std::vector<std::string> arguments;
+    std::string says;
+  };
+  const Row rows[] = {
+      {{}, "FILE.csv is required"},
+      {{path("missing.csv")}, "missing.csv' cannot be read"},
+      {{_folder.string()}, "is a directory"},
+      {{path("empty.csv")}, "is empty"},
+      {{path("blank.csv")}, "is empty"},
+      {{path("header.csv")}, "no numeric column"},
+      {{path("words.csv")}, "no numeric column"},
+      {{path("mixed.csv"), "--y", "b"}, "'b'"},
+      {{good, "--y", "c"}, "has no column 'c'; it has 't', 'a', 'b'"},
+      {{good, "--x", "T"}, "has no column 'T'"},
+      {{good, "--size", "12"}, "'12' is not two positive numbers"},
+      {{good, "--size", "0x100"}, "is not two positive numbers"},
+      {{good, "--size", "1000000x100"}, "1000000"},
+      {{good, "--scale", "1e300"}, "."},
+      {{good, "--scale", "-2"}, "'-2' is not a positive number"},
+      {{good, "--sise", "1x1"}, "--sise"},
+      {{good, "--out", path("no/such/folder.png")}, "folder.png"},
+      {{good, "--out", _folder.string()}, _folder.string()},
+      {{good, "--out", good}, "would overwrite the data"},
+  };
+  for (const Row& row : rows) {
+    std::vector<std::string> arguments = row.arguments;
+    const bool namesOut = std::find(arguments.begin(), arguments.end(), "--out") != arguments.end();
+    if (!namesOut) arguments.insert(arguments.end(), {"--out", old});
+    EXPECT_EQ(run(arguments), 2) << row.says;
+    EXPECT_NE(err.find(row.says), std::string::npos) << err;
+    EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << err;
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(contentOf(old), "an older picture");
+  }
+  std::set<std::string> left;
+  for (const auto& entry : fs::directory_iterator(_folder)) left.insert(entry.path().filename().string());
+  EXPECT_EQ(left, (std::set<std::string>{"good.csv", "empty.csv", "blank.csv", "header.csv", "words.csv",
+                                         "mixed.csv", "old.png"}));
+}
+
+TEST_F(Plot, WritesAPictureOfSizeTimesScale) {
+  ASSERT_EQ(run({path("good.csv"), "--out", path("chart.png"), "--size", "320x240", "--scale", "1.5"}), 0) << err;
+  EXPECT_EQ(err, "");
+  EXPECT_NE(out.find("480 x 360"), std::string::npos);
+  const auto picture = VELBitmap::readPng(path("chart.png"));
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture->width(), 480);
+  EXPECT_EQ(picture->height(), 360);
+  EXPECT_TRUE(picture->isOpaque());
+}
+
+TEST_F(Plot, TellsOnceOfGaps) {
+  write("gaps.csv", "t,a\n0,1\n1,\n2,x\n3,4\n4,4\n");
+  ASSERT_EQ(run({path("gaps.csv"), "--out", path("gaps.png"), "--size", "320x240"}), 0);
+  EXPECT_EQ(err,
+            "velmora-plot: 2 cells are empty or not a number and left out of the lines; the first is in line 3.\n");
+}
+
+TEST_F(Plot, EveryLineShowsItsColourAndTheSamePictureComesOutTwice) {
+  PlotOptions options;
+  options.size = {480.0, 320.0};
+  PlotColumns columns;
+  columns.xName = "t";
+  for (int i = 0; i < 8; ++i)
+    columns.lines.push_back({"line " + std::to_string(i), {0.0, 1.0}, {double(i), double(i)}});
+  const VELBitmap picture = drawPlot(columns, options);
+  std::set<uint32_t> colors;
+  for (int32_t y = 0; y < picture.height(); ++y)
+    for (int32_t x = 0; x < picture.width(); ++x) colors.insert(picture.colorCodeAt(x, y));
+  const VELVisualStyle& look = VELVisualStyle::standard();
+  for (size_t i = 0; i < 8; ++i) EXPECT_TRUE(colors.contains(look.seriesColor(i))) << i;
+  EXPECT_TRUE(colors.contains(look.background));
+  EXPECT_EQ(drawPlot(columns, options), picture);
+}
+
+TEST_F(Plot, ReductionCoversThePixelsThatAllPointsCover) {
+  PlotColumns columns;
+  columns.xName = "t";
+  PlotLine line{"noise", {}, {}};
+  uint32_t seed = 1;
+  for (int i = 0; i < 40000; ++i) {
+    seed = seed * 1664525u + 1013904223u;
+    line.x.push_back(i);
+    line.y.push_back(static_cast<double>(seed >> 8));
+  }
+  columns.lines.push_back(line);
+  PlotOptions options;
+  options.size = {400.0, 300.0};
+  const VELBitmap reduced = drawPlot(columns, options);
+  options.resampling = false;
+  const VELBitmap full = drawPlot(columns, options);
+  // Column by column, the topmost and the lowest pixel of the line's colour stand at the same place, to one
+  // pixel: a bucket is narrower than a column, so an extreme may move over by one.
+  const uint32_t color = VELVisualStyle::standard().seriesColor(0);
+  const auto extent = [&](const VELBitmap& picture, int32_t x) {
+    int32_t top = picture.height(), bottom = -1;
+    for (int32_t dx = -1; dx <= 1; ++dx)
+      for (int32_t y = 0; y < picture.height(); ++y)
+        if (picture.colorCodeAt(x + dx, y) == color) {
+          top = std::min(top, y);
+          bottom = std::max(bottom, y);
+        }
+    return std::pair(top, bottom);
+  };
+  int columnsSeen = 0;
+  for (int32_t x = 100; x < 380; ++x) {
+    const auto [fullTop, fullBottom] = extent(full, x);
+    const auto [top, bottom] = extent(reduced, x);
+    if (fullBottom < 0) continue;
+    ++columnsSeen;
+    EXPECT_NEAR(top, fullTop, 2) << x;
+    EXPECT_NEAR(bottom, fullBottom, 2) << x;
+  }
+  EXPECT_GT(columnsSeen, 200);
+}
+
+}  // namespace

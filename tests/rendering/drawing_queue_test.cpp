@@ -1,0 +1,198 @@
+// Which shapes share a draw call, and in which order the replay calls GL.
+#include <gtest/gtest.h>
+
+#include "tests/rendering/recorded_frame.h"
+#include "tests/rendering/test_gradient.h"
+
+namespace {
+
+using Indices = std::vector<uint16_t>;
+
+class Queue : public testing::Test {
+ protected:
+  std::vector<DrawnStrip> strips() { return replay(context, gl.gl()); }
+  void line(const VELPenPtr& with) { context.drawLineWithBrush(with, 0, 0, 9, 0); }
+
+  RegisteredGL gl;
+  VELOpenGLRenderContext context{64, gl.context};
+  VELPenPtr pen = VELPen2D::solid(0xFF0000FFu, 1.0f);
+  VELPenPtr otherPen = VELPen2D::solid(0xFF00FF00u, 3.0f);
+};
+
+TEST_F(Queue, TwoLinesAreOneStripOfTenIndices) {
+  line(pen);
+  line(otherPen);
+  const auto drawn = strips();
+  ASSERT_EQ(drawn.size(), 1u);
+  EXPECT_EQ(drawn[0].indices, (Indices{0, 1, 2, 3, 3, 4, 4, 5, 6, 7}));
+  EXPECT_EQ(drawn[0].vertices[6].color, 0xFF00FF00u);
+  EXPECT_EQ(gl.gl().count("useProgram"), 1u);
+}
+
+TEST_F(Queue, PiecesOfAPolylineFollowEachOtherAndASecondOneRestarts) {
+  for (int i = 0; i < 2; ++i) {
+    context.beginPolylineWithBrush(pen, 0, 0);
+    context.extendPolylineWithBrush(pen, 10, 0);
+    context.extendPolylineWithBrush(pen, 20, 0);
+  }
+  const auto drawn = strips();
+  ASSERT_EQ(drawn.size(), 1u);
+  EXPECT_EQ(drawn[0].indices, (Indices{0, 1, 2, 3, 4, 5, 6, 7, 7, 8, 8, 9, 10, 11, 12, 13, 14, 15}));
+}
+
+TEST_F(Queue, AShapeBetweenTwoPiecesOfAPolylineIsJoinedOnBothSides) {
+  context.beginPolylineWithBrush(pen, 0, 0);
+  context.extendPolylineWithBrush(pen, 10, 0);
+  context.drawRectWithBrush(pen, 0, 0, 1, 1);
+  context.extendPolylineWithBrush(pen, 20, 0);
+  const auto drawn = strips();
+  ASSERT_EQ(drawn.size(), 1u);
+  EXPECT_EQ(drawn[0].indices, (Indices{0, 1, 2, 3, 3, 4, 4, 5, 6, 7, 7, 8, 8, 9, 10, 11}));
+}
+
+TEST_F(Queue, AnotherAreaOrShaderStateStartsANewStripAndAnEqualOneDoesNot) {
+  const auto gradient = std::make_shared<TestGradient>(0xFF010101u);
+  context.setDrawingArea({0, 0, 10, 10});
+  line(pen);
+  context.setDrawingArea({0, 0, 10, 10});
+  line(pen);
+  EXPECT_EQ(strips().size(), 1u) << "the same area is recorded once";
+  context.setDrawingArea({0, 0, 10, 11});
+  line(pen);
+  EXPECT_EQ(strips().size(), 2u);
+  context.drawRectWithBrush(gradient, 0, 0, 1, 1);
+  EXPECT_EQ(strips().size(), 3u) << "a gradient after a solid brush needs a shader command";
+  line(pen);
+  const auto drawn = strips();
+  ASSERT_EQ(drawn.size(), 3u) << "a solid brush after a gradient needs none";
+  EXPECT_EQ(drawn[1].target, "1@10");
+  EXPECT_EQ(drawn[2].indices, (Indices{12, 13, 14, 15, 15, 16, 16, 17, 18, 19}));
+}
+
+TEST_F(Queue, AFullBufferHandsTheShapeToTheNextOne) {
+  VELOpenGLRenderContext small(15, gl.context);
+  gl.gl().calls.clear();
+  for (int i = 0; i < 3; ++i) small.drawLineWithBrush(pen, 0, 0, 1, 0);
+  EXPECT_EQ(gl.gl().texts().size(), 6u) << "two names, two bindings and two stores for the second buffer";
+  const auto drawn = replay(small, gl.gl());
+  ASSERT_EQ(drawn.size(), 2u);
+  EXPECT_EQ(drawn[0].indices, (Indices{0, 1, 2, 3, 3, 4, 4, 5, 6, 7}));
+  EXPECT_EQ(drawn[1].indices, consecutive(0, 4));
+  EXPECT_NE(drawn[0].target, drawn[1].target);
+}
+
+TEST_F(Queue, AClearedContextUsesItsBuffersAgainInTheSameOrder) {
+  VELOpenGLRenderContext small(15, gl.context);
+  const auto draw = [&] {
+    for (int i = 0; i < 5; ++i) small.drawLineWithBrush(pen, 0, 0, 1, 0);
+    return replay(small, gl.gl());
+  };
+  const auto before = draw();
+  small.clear();
+  EXPECT_TRUE(small.wasChanged());
+  EXPECT_TRUE(replay(small, gl.gl()).empty());
+  EXPECT_FALSE(small.wasChanged());
+  gl.gl().calls.clear();
+  const auto after = draw();
+  ASSERT_EQ(before.size(), 3u);
+  ASSERT_EQ(after.size(), 3u);
+  for (size_t i = 0; i < 3; ++i) EXPECT_EQ(after[i].target, before[i].target);
+  EXPECT_EQ(small.drawingBufferCount(), 3u);
+}
+
+TEST_F(Queue, DrawingCallsNoGLAndAReplayUploadsOnlyWhatIsNew) {
+  gl.gl().calls.clear();
+  line(pen);
+  context.setDrawingArea({1, 2, 3, 4});
+  EXPECT_TRUE(gl.gl().calls.empty());
+  strips();
+  EXPECT_EQ(gl.gl().texts("bufferSubData"),
+            (std::vector<std::string>{"bufferSubData(ARRAY,0,64)", "bufferSubData(ELEMENT,0,8)"}));
+  strips();
+  EXPECT_EQ(gl.gl().uploadedBytes(), 0u) << "unchanged";
+  line(pen);
+  context.drawRectWithBrush(pen, 0, 0, 1, 1);
+  strips();
+  EXPECT_EQ(gl.gl().texts("bufferSubData"),
+            (std::vector<std::string>{"bufferSubData(ARRAY,64,128)", "bufferSubData(ELEMENT,8,20)"}));
+}
+
+TEST_F(Queue, TheReplayCallsGLInThisOrder) {
+  line(pen);
+  strips();  // builds the program and the atlas
+  VELOpenGLContextController::o_enableContext(gl.context);
+  strips();
+  EXPECT_EQ(gl.gl().texts(),
+            (std::vector<std::string>{"bindBuffer(ARRAY,1)", "bindBuffer(ELEMENT,2)",
+                                      "vertexAttribPointer(0,2,FLOAT,0,16,0)", "vertexAttribPointer(1,4,BYTE,1,16,8)",
+                                      "vertexAttribPointer(2,2,SHORT,1,16,12)", "enableVertexAttribArray(0)",
+                                      "enableVertexAttribArray(1)", "enableVertexAttribArray(2)", "useProgram(1)",
+                                      "uniformMatrix4fv(7)", "activeTexture(TEXTURE0)", "bindTexture(2D,1)",
+                                      "uniform1i(8,0)", "drawElements(STRIP,4,SHORT,0)"}));
+}
+
+TEST_F(Queue, AnAreaMovesTheOriginAndUploadsItsMatrixOnlyToAnActiveProgram) {
+  const VELMatrix projection = VELMatrixOrthographic(200, 100, 4, 10);
+  EXPECT_EQ(projection, (VELMatrix{0.01f, 0, 0, 0, 0, 0.02f, 0, 0, 0, 0, -0.33333334f, 0, 0, 0, -2.3333333f, 1}));
+  VELMatrix view = VELMatrixIdentity();
+  view[12] = -100, view[13] = -50, view[14] = -7;
+  context.setProjectionMatrix(projection, view);
+  context.setDrawingArea({20, 10, 30, 40});
+  line(pen);
+  context.setDrawingArea({0, 0, 30, 40});
+  line(pen);
+  strips();
+  const auto matrices = [&] {
+    std::vector<std::vector<float>> all;
+    for (const RecordedCall& call : gl.gl().calls)
+      if (!call.floats.empty()) all.push_back({call.floats[12], call.floats[13]});
+    return all;
+  }();
+  ASSERT_EQ(matrices.size(), 2u) << "by the brush that activates the program, and by the second area";
+  EXPECT_FLOAT_EQ(matrices[0][0], -0.8f);
+  EXPECT_FLOAT_EQ(matrices[0][1], -0.8f);
+  EXPECT_FLOAT_EQ(matrices[1][0], -1.0f);
+  EXPECT_NEAR(gl.gl().last("uniformMatrix4fv").floats[14], 0.0, 1e-6) << "the drawing plane, up to rounding";
+}
+
+TEST_F(Queue, UpdateRangesWidenAndAreClampedToTheCapacity) {
+  VELDrawingBuffer buffer(10);
+  VELDrawingBufferInfo& info = buffer.o_getBufferInfo();
+  EXPECT_EQ(info.dbi_vertexUpdateStart, 65536u);
+  EXPECT_EQ(info.dbi_vertexUpdateEnd, 0u);
+  info.dbi_vertexHead = 6;
+  buffer.o_addVerticesUpdateRange(9);
+  EXPECT_EQ(info.dbi_vertexUpdateStart, 6u);
+  EXPECT_EQ(info.dbi_vertexUpdateEnd, 10u);
+  EXPECT_TRUE(buffer.o_isEnoughSpaceForVertices(4, 10));
+  EXPECT_FALSE(buffer.o_isEnoughSpaceForVertices(5, 0));
+  EXPECT_FALSE(buffer.o_isEnoughSpaceForVertices(0, UINT32_MAX));
+  EXPECT_EQ(VELDrawingBuffer(-5).o_getBufferInfo().dbi_bufferSize, 8);
+  EXPECT_EQ(VELDrawingBuffer(INT32_MAX).o_getBufferInfo().dbi_bufferSize, 65536);
+}
+
+TEST_F(Queue, EveryCommandOfTheFamilyDrawsItsOwnKind) {
+  VELDrawLineCommand lines(1, 2);
+  VELDrawLineLoopCommand loop(1, 2);
+  VELDrawPolylineCommand polyline(1, 2);
+  VELDrawTriangleCommand triangles(1, 2);
+  VELDrawTriangleFanCommand fan(1, 2);
+  VELDrawTriangleStripCommand strip(1, 2);
+  gl.gl().calls.clear();
+  for (VELDrawingCommand* command : std::initializer_list<VELDrawingCommand*>{&lines, &loop, &polyline, &triangles,
+                                                                             &fan, &strip}) {
+    command->o_increaseCount(3);
+    command->o_performCommand();
+  }
+  for (const uint64_t mode : {0u, 7u, 1u}) VELAlphaBlendingModeCommand(mode).o_performCommand();
+  EXPECT_EQ(gl.gl().texts(),
+            (std::vector<std::string>{"drawElements(LINES,5,SHORT,2)", "drawElements(LINE_LOOP,5,SHORT,2)",
+                                      "drawElements(LINE_STRIP,5,SHORT,2)", "drawElements(TRIANGLES,5,SHORT,2)",
+                                      "drawElements(FAN,5,SHORT,2)", "drawElements(STRIP,5,SHORT,2)",
+                                      "disable(BLEND)", "enable(BLEND)"}));
+  VELSetDrawingAreaCommand zero({}, {}, nullptr);
+  EXPECT_TRUE(zero.isEqual(nullptr));
+  EXPECT_FALSE(VELSetDrawingAreaCommand({1, 0, 0, 0}, {}, nullptr).isEqual(&zero));
+}
+
+}  // namespace

@@ -1,0 +1,211 @@
+// The exact triangles of lines, rectangles and polylines.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "tests/rendering/recorded_frame.h"
+#include "velmora/rendering/thick_segment.h"
+
+namespace {
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double inf = std::numeric_limits<double>::infinity();
+
+class Primitives : public testing::Test {
+ protected:
+  std::vector<DrawnStrip> strips() { return replay(context, gl.gl()); }
+  void polyline(std::span<const double> xs, std::span<const double> ys) {
+    context.drawPolylineWithBrush(pen, *doubles(xs), *doubles(ys), 0);
+  }
+
+  RegisteredGL gl;
+  VELOpenGLRenderContext context{64, gl.context};
+  VELPenPtr pen = VELPen2D::solid(0xFF112233u, 2.0f);
+};
+
+TEST_F(Primitives, ALineIsAQuadTwiceAsWideAsThePen) {
+  struct Row {
+    float x1, y1, x2, y2, width;
+    Places expected;
+  };
+  const float h = std::sqrt(0.5f);
+  const Row rows[] = {
+      {0, 10, 100, 10, 2, {{0, 12}, {0, 8}, {100, 12}, {100, 8}}},
+      {5, 0, 5, 50, 1, {{6, 0}, {4, 0}, {6, 50}, {4, 50}}},
+      {0, 0, 10, 10, 1, {{h, -h}, {-h, h}, {10 + h, 10 - h}, {10 - h, 10 + h}}},
+      {3, 4, 3, 4, 1, {{4, 4}, {2, 4}, {4, 4}, {2, 4}}},
+  };
+  for (const Row& row : rows) {
+    context.clear();
+    context.drawLineWithBrush(VELPen2D::solid(0xFF112233u, row.width), row.x1, row.y1, row.x2, row.y2);
+    const auto drawn = strips();
+    ASSERT_EQ(drawn.size(), 1u);
+    EXPECT_EQ(drawn[0].indices, consecutive(0, 4));
+    EXPECT_EQ(placesOf(drawn[0]), row.expected);
+    EXPECT_EQ(drawn[0].vertices[3].color, 0xFF112233u);
+    EXPECT_EQ(drawn[0].vertices[3].textureX, 0u);
+  }
+}
+
+TEST_F(Primitives, ARectangleKeepsTheOrderOfItsCorners) {
+  context.drawRectWithBrush(VELBrush2D::solid(0x80FFFFFFu), 30, 2, 1, 20);
+  const auto drawn = strips();
+  ASSERT_EQ(drawn.size(), 1u);
+  EXPECT_EQ(placesOf(drawn[0]), (Places{{30, 2}, {1, 2}, {30, 20}, {1, 20}}));
+}
+
+TEST_F(Primitives, ASegmentNormalIsNeverNaN) {
+  const double values[] = {0.0, -0.0, 1.0, -1.0, 1e-308, 5e-324, 1e38, -3.4e38, 1e-200};
+  for (const double px : values)
+    for (const double py : values)
+      for (const double qx : values)
+        for (const double qy : values) {
+          const VELThickSegment edge = VELMakeThickSegment(px, py, qx, qy, 1.0f);
+          ASSERT_NEAR(std::hypot(edge.x, edge.y), 1.0, 1e-6) << px << ' ' << py << ' ' << qx << ' ' << qy;
+        }
+}
+
+TEST_F(Primitives, APolylineTurnsItsStripOverWhereItComesBackUpFromTheLeft) {
+  const double xs[] = {0, 10, 0, 10}, ys[] = {0, 10, 20, 5};
+  polyline(xs, ys);
+  const auto batched = strips();
+  ASSERT_EQ(batched.size(), 1u);
+  ASSERT_EQ(batched[0].indices, consecutive(0, 14));
+  const VELThickSegment edge = VELMakeThickSegment(0, 20, 10, 5, 2.0f);
+  const auto places = placesOf(batched[0]);
+  const Places turned(places.begin() + 8, places.begin() + 12);
+  const std::pair<float, float> plus{edge.x, 20 + edge.y}, minus{-edge.x, 20 - edge.y};
+  EXPECT_EQ(turned, (Places{minus, plus, plus, minus}));
+
+  context.clear();
+  context.beginPolylineWithBrush(pen, 0, 0);
+  for (size_t i = 1; i < 4; ++i)
+    context.extendPolylineWithBrush(pen, static_cast<float>(xs[i]), static_cast<float>(ys[i]));
+  const auto extended = strips();
+  ASSERT_EQ(extended.size(), 1u);
+  EXPECT_EQ(extended[0].indices, batched[0].indices);
+  EXPECT_EQ(extended[0].vertices, batched[0].vertices);
+}
+
+// Both ways to draw a polyline show the same triangles, whatever the data and however small the buffers.
+TEST_F(Primitives, ABatchDrawsWhatExtensionsDraw) {
+  std::vector<double> xs, ys;
+  for (int i = 0; i < 400; ++i) {
+    xs.push_back((i * 37) % 101);
+    ys.push_back(i % 13 == 5 ? nan : i % 29 == 7 ? inf : (i * 53) % 89);
+  }
+  for (const int32_t size : {1 << 16, 4096}) {
+    VELOpenGLRenderContext batched(size, gl.context), extended(size, gl.context);
+    batched.drawPolylineWithBrush(pen, *doubles(xs), *doubles(ys), 0);
+    extended.beginPolylineWithBrush(pen, static_cast<float>(xs[0]), static_cast<float>(ys[0]));
+    for (size_t i = 1; i < xs.size(); ++i)
+      extended.extendPolylineWithBrush(pen, static_cast<float>(xs[i]), static_cast<float>(ys[i]));
+    const auto a = replay(batched, gl.gl());
+    const auto b = replay(extended, gl.gl());
+    ASSERT_EQ(a.size(), b.size());
+    for (size_t i = 0; i < a.size(); ++i) {
+      EXPECT_EQ(a[i].indices, b[i].indices);
+      EXPECT_EQ(a[i].vertices, b[i].vertices);
+    }
+  }
+}
+
+TEST_F(Primitives, ANonFinitePointLeavesAGapAndNoNaN) {
+  for (const double bad : {nan, inf, -inf, 1e300}) {
+    context.clear();
+    const double xs[] = {0, 10, 20, 30, 40}, ys[] = {5, 5, bad, 7, 7};
+    polyline(xs, ys);
+    const auto drawn = strips();
+    ASSERT_EQ(drawn.size(), 1u);
+    EXPECT_EQ(drawn[0].indices, (std::vector<uint16_t>{0, 1, 2, 3, 3, 4, 4, 5, 6, 7}));
+    EXPECT_EQ(placesOf(drawn[0])[4], placesOf(drawn[0])[3]);
+    EXPECT_EQ(placesOf(drawn[0])[6], (std::pair<float, float>{30, 9}));
+  }
+  context.clear();
+  const double leading[] = {nan, nan, 0, 1}, flat[] = {1, 1, 1, 1};
+  polyline(flat, leading);
+  const auto drawn = strips();
+  ASSERT_EQ(drawn.size(), 1u);
+  EXPECT_EQ(drawn[0].indices, consecutive(0, 4)) << "nothing to join yet";
+}
+
+TEST_F(Primitives, WhatCannotBeDrawnRecordsNothingAndTakesNoBuffer) {
+  const float bad = std::numeric_limits<float>::quiet_NaN();
+  const double few[] = {1}, two[] = {1, 2}, none[] = {nan, nan};
+  const auto floats = VELArrayController::initWithType(VELDataType_Float);
+  floats->appendRange(std::span<const double>(two));
+  const auto dates = VELArrayController::initWithType(VELDataType_DateTime);
+  for (const double second : two) dates->append(VELDate(second));
+  context.drawLineWithBrush(pen, 0, bad, 1, 1);
+  context.drawLineWithBrush(nullptr, 0, 0, 1, 1);
+  context.drawLineWithBrush(VELPen2D::solid(1, bad), 0, 0, 1, 1);
+  context.drawRectWithBrush(VELBrush2D::solid(1), 0, 0, 1, std::numeric_limits<float>::infinity());
+  context.drawRectWithBrush(nullptr, 0, 0, 1, 1);
+  context.beginPolylineWithBrush(nullptr, 0, 0);
+  context.extendPolylineWithBrush(nullptr, 0, 0);
+  context.drawPolylineWithBrush(pen, *floats, *floats, 0);
+  context.drawPolylineWithBrush(pen, *dates, *dates, 0);
+  context.drawPolylineWithBrush(pen, *doubles(two), *doubles(few), 0);
+  context.drawPolylineWithBrush(nullptr, *doubles(two), *doubles(two), 0);
+  context.drawPolylineWithBrush(VELPen2D::solid(1, bad), *doubles(two), *doubles(two), 0);
+  polyline(few, few);
+  polyline({}, {});
+  polyline(none, two);
+  EXPECT_TRUE(strips().empty());
+  EXPECT_EQ(context.drawingBufferCount(), 1u);
+}
+
+TEST_F(Primitives, TheStartingIndexIsIgnored) {
+  const double xs[] = {0, 1, 2, 3, 4, 5, 6}, ys[] = {1, 1, 1, 1, 1, 1, 1};
+  context.drawPolylineWithBrush(pen, *doubles(xs), *doubles(ys), 5);
+  const auto drawn = strips();
+  ASSERT_EQ(drawn.size(), 1u);
+  EXPECT_EQ(drawn[0].indices.size(), 24u);
+  EXPECT_EQ(placesOf(drawn[0])[0], (std::pair<float, float>{0, 3}));
+}
+
+TEST_F(Primitives, ABatchFillsBufferAfterBufferAndAnExtensionGoesOnFromItsEnd) {
+  std::vector<double> xs, ys(100, 3.0);
+  for (int i = 0; i < 100; ++i) xs.push_back(i);
+  struct Row {
+    int32_t capacity;
+    size_t perBuffer;
+  };
+  // Of each buffer 2 are kept for the restart before the batch and 2 for the one after it.
+  for (const Row row : {Row{64, 15}, Row{65, 15}, Row{8, 1}, Row{11, 1}, Row{12, 2}}) {
+    VELOpenGLRenderContext small(row.capacity, gl.context);
+    small.drawPolylineWithBrush(pen, *doubles(xs), *doubles(ys), 0);
+    small.extendPolylineWithBrush(pen, 200, 3);
+    const auto drawn = replay(small, gl.gl());
+    size_t segment = 0;
+    for (size_t i = 0; i < drawn.size(); ++i) {
+      const bool isLast = i + 1 == drawn.size();
+      EXPECT_TRUE(isLast || drawn[i].indices.size() == row.perBuffer * 4) << row.capacity;
+      for (size_t k = 0; k + 3 < drawn[i].vertices.size(); k += 4, ++segment) {
+        const float from = static_cast<float>(segment);
+        EXPECT_EQ(drawn[i].vertices[k].x, from);
+        EXPECT_EQ(drawn[i].vertices[k + 2].x, segment == 99 ? 200.0f : from + 1);
+      }
+    }
+    EXPECT_EQ(segment, 100u) << row.capacity;
+  }
+}
+
+TEST_F(Primitives, ABatchWithoutRoomForOneSegmentAnswersZero) {
+  VELShaderAttributes attributes;
+  VELOpenGLDrawingQueue queue(attributes);
+  VELDrawingBuffer buffer(16);
+  VELPolylinePrimitive primitive;
+  const double values[] = {0, 1};
+  EXPECT_EQ(primitive.o_drawPolylinePrimitiveWithBrush(pen, values, values, 0), 0u) << "no buffer";
+  queue.o_addDrawingBufferCommandWithBuffer(&buffer, 0, 1, 2);
+  primitive.o_setDrawingBuffer(&buffer);
+  primitive.o_setCommandQueue(&queue);
+  buffer.o_getBufferInfo().dbi_vertexHead = buffer.o_getBufferInfo().dbi_indexHead = 9;
+  EXPECT_EQ(primitive.o_drawPolylinePrimitiveWithBrush(pen, values, values, 0), 0u);
+  buffer.o_getBufferInfo().dbi_vertexHead = buffer.o_getBufferInfo().dbi_indexHead = 8;
+  EXPECT_EQ(primitive.o_drawPolylinePrimitiveWithBrush(pen, values, values, 0), 1u);
+}
+
+}  // namespace

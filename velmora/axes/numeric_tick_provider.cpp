@@ -1,0 +1,97 @@
+#include "velmora/axes/numeric_tick_provider.h"
+
+#include <cmath>
+#include <limits>
+
+#include "velmora/axes/axis_core.h"
+#include "velmora/data/range.h"
+
+namespace {
+
+constexpr double kEpsilon = std::numeric_limits<double>::epsilon();
+constexpr int64_t kListCapacity = 128;
+// At most every second minor tick falls on a major one, or else all do: so many steps fill a list or never.
+constexpr int64_t kMaxSteps = 2 * VELNumericTickProvider::maxTicksPerPass;
+
+// A value with 15 significant digits. For fractions it multiplies and divides by a whole power of ten: that
+// power is exact where its reciprocal is not.
+double roundTo15Digits(double value) {
+  if (value == 0.0) return 0.0;
+  const double digits = 14.0 - std::floor(std::log10(std::abs(value)));
+  const double power = std::pow(10.0, std::abs(digits));
+  if (!std::isfinite(power)) return value;
+  return digits > 0.0 ? std::floor(value * power + 0.5) / power : std::floor(value / power + 0.5) * power;
+}
+
+bool isMultiple(double value, double step) {
+  const double times = std::abs(roundTo15Digits(value) / step);
+  return std::abs(times - std::round(times)) <= times * kEpsilon;
+}
+
+bool isUseful(double min, double max, const VELAxisDelta& delta) {
+  const double minor = VELGenericDouble(delta.minorDelta);
+  // Both lists look at the minor step. Comparisons with NaN are false, so that NaN is no use.
+  return min <= max && minor >= VELNumericTickProvider::minDeltaValue;
+}
+
+// Lists start + k × step within the range; the major list keeps multiples of the major step, the minor list
+// all others.
+void listTicks(double min, double max, double step, double major, VELArrayController& ticks) {
+  if (!(step > 0.0)) return;
+  const double start =
+      std::abs(step) >= kEpsilon && isMultiple(min, step) ? min : std::ceil(min / step) * step;
+  if (!std::isfinite(start) || !std::isfinite(max)) return;
+  const bool isMajorPass = std::abs(step - major) <= kEpsilon;
+  const bool hasMajors = !(std::abs(major) < kEpsilon);
+  for (int64_t k = 0; k < kMaxSteps && ticks.count() < VELNumericTickProvider::maxTicksPerPass; ++k) {
+    double tick = start + static_cast<double>(k) * step;
+    if (!(tick <= max)) return;
+    // What is left of zero after 0.1 × 3 − 0.3 is no number of its own; also no label wants "-0".
+    if (std::abs(tick) < 1e-10 * std::abs(step)) tick = 0.0;
+    const bool keep = hasMajors ? isMajorPass == isMultiple(tick, major) : !isMajorPass;
+    if (keep) ticks.append(tick);
+  }
+}
+
+std::shared_ptr<VELArrayController> emptyList(std::shared_ptr<VELArrayController>& list) {
+  if (list && list.use_count() == 1)
+    list->clear();
+  else
+    list = VELArrayController::initWithType(VELDataType_Double, kListCapacity);
+  return list;
+}
+
+VELAxisDelta deltaOf(const VELAxisCore& axis) { return {axis.minorDelta(), axis.majorDelta()}; }
+
+}  // namespace
+
+std::shared_ptr<VELArrayController> VELNumericTickProvider::getMajorTicksFromAxis(const VELAxisCore& axis) {
+  const VELRangePtr& range = axis.visibleRange();
+  if (!range) return nullptr;
+  return calculateMajorTicksWithRange(VELGenericDouble(range->min()), VELGenericDouble(range->max()),
+                                      deltaOf(axis));
+}
+
+std::shared_ptr<VELArrayController> VELNumericTickProvider::getMinorTicksFromAxis(const VELAxisCore& axis) {
+  const VELRangePtr& range = axis.visibleRange();
+  if (!range) return nullptr;
+  return calculateMinorTicksWithRange(VELGenericDouble(range->min()), VELGenericDouble(range->max()),
+                                      deltaOf(axis));
+}
+
+std::shared_ptr<VELArrayController> VELNumericTickProvider::calculateMajorTicksWithRange(
+    double min, double max, const VELAxisDelta& delta) {
+  if (!isUseful(min, max, delta)) return nullptr;
+  const double major = VELGenericDouble(delta.majorDelta);
+  auto ticks = emptyList(_majorTicks);
+  listTicks(min, max, major, major, *ticks);
+  return ticks;
+}
+
+std::shared_ptr<VELArrayController> VELNumericTickProvider::calculateMinorTicksWithRange(
+    double min, double max, const VELAxisDelta& delta) {
+  if (!isUseful(min, max, delta)) return nullptr;
+  auto ticks = emptyList(_minorTicks);
+  listTicks(min, max, VELGenericDouble(delta.minorDelta), VELGenericDouble(delta.majorDelta), *ticks);
+  return ticks;
+}

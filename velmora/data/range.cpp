@@ -1,0 +1,22 @@
+#include "velmora/data/range.h"
+
+#include <cstdio>
+#include <ostream>
+
+#include "velmora/data/ranges.h"
+
+VELRange::~VELRange() = default;
+
+std::shared_ptr<VELDoubleRange> VELRange::asDoubleRange() const {
+  auto range = std::make_shared<VELDoubleRange>();
+  range->setMinTo(minAsDouble(), maxAsDouble());
+  return range;
+}
+
+std::string VELRange::description() const {
+  char bounds[80];
+  std::snprintf(bounds, sizeof bounds, " [%.17g, %.17g]", minAsDouble(), maxAsDouble());
+  return std::string(className()) + bounds;
+}
+
+std::ostream& operator<<(std::ostream& out, const VELRange& range) { return out << range.description(); }

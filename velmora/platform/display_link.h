@@ -1,0 +1,34 @@
+// platform/display_link.h: the beat of the display.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "velmora/platform/export.h"
+
+/// Calls its listeners once per display refresh. The host drives it: a window at every refresh, an
+/// off-screen host by hand. Time is handed in, never read.
+class VELMORA_API VELDisplayLink {
+ public:
+  using Callback = std::function<void(double seconds)>;
+
+  /// Adds a listener. @return its key for `remove`, never 0
+  uint64_t add(Callback callback);
+  /// Also from inside a call; an unknown key does nothing.
+  void remove(uint64_t key);
+  /// One refresh at a time in seconds, of any origin, never going back.
+  void tick(double seconds);
+  /// Time of the last tick; 0 before the first.
+  double lastTick() const { return _lastTick; }
+
+ private:
+  struct Listener {
+    uint64_t key;
+    std::shared_ptr<const Callback> callback;  ///< shared, so that a tick copies no closure
+  };
+  std::vector<Listener> _listeners;
+  uint64_t _nextKey = 1;
+  double _lastTick = 0.0;
+};

@@ -1,0 +1,22 @@
+// platform/icu/icu_support.h: names of places and time zones, looked up; dates within what the calendar
+// holds.
+#pragma once
+
+#include <unicode/gregocal.h>
+#include <unicode/locid.h>
+#include <unicode/timezone.h>
+#include <unicode/unistr.h>
+
+#include <memory>
+#include <string>
+
+/// @throws VELInvalidArgumentException naming a locale whose language is unknown
+icu::Locale VELICULocale(const std::string& name);
+/// @throws VELInvalidArgumentException naming an unknown time zone
+std::unique_ptr<icu::TimeZone> VELICUTimeZone(const std::string& name);
+/// The Gregorian calendar, for all years. @throws VELInvalidArgumentException naming an unknown time zone
+std::unique_ptr<icu::GregorianCalendar> VELICUCalendar(const std::string& timeZone);
+/// Milliseconds since 1970, within five million years.
+UDate VELICUDate(double secondsSince1970);
+
+std::string VELUtf8From(const icu::UnicodeString& text);

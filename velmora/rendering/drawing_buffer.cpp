@@ -1,0 +1,117 @@
+#include "velmora/rendering/drawing_buffer.h"
+
+#include <algorithm>
+#include <bit>
+
+static_assert(std::endian::native == std::endian::little,
+              "colour codes are uploaded as the bytes R, G, B, A");
+
+namespace {
+
+constexpr int32_t stride = sizeof(VELVertex);
+
+void widen(uint32_t& start, uint32_t& end, uint32_t head, uint32_t count, int32_t capacity) {
+  start = std::min(start, head);
+  end = std::min(std::max(end, head + count), static_cast<uint32_t>(capacity));
+}
+
+}  // namespace
+
+VELDrawingBuffer::VELDrawingBuffer(int32_t size) {
+  _info.dbi_bufferSize = std::clamp(size, minimumSize, maximumSize);
+  const auto count = static_cast<size_t>(_info.dbi_bufferSize);
+  _vertices = std::make_unique<VELVertex[]>(count);
+  _indices = std::make_unique<uint16_t[]>(count);
+  _info.dbi_vertexBuffer = _vertices.get();
+  _info.dbi_indexBuffer = _indices.get();
+
+  VELGLContext* const context = VELGLContext::current();
+  if (!context) return;
+  _context = context->weak_from_this();
+  VELGL& gl = context->gl();
+  _vertexBufferId = gl.genBuffer();
+  _indexBufferId = gl.genBuffer();
+  o_selectVertexBuffers();
+  gl.bufferData(VELGL_ARRAY_BUFFER, count * sizeof(VELVertex), _vertices.get(), VELGL_DYNAMIC_DRAW);
+  gl.bufferData(VELGL_ELEMENT_ARRAY_BUFFER, count * sizeof(uint16_t), _indices.get(), VELGL_DYNAMIC_DRAW);
+}
+
+VELDrawingBuffer::~VELDrawingBuffer() { o_freeBuffer(); }
+
+void VELDrawingBuffer::o_clearBuffer() {
+  _info.dbi_vertexHead = _info.dbi_indexHead = 0;
+  _info.dbi_vertexUpdateStart = _info.dbi_indexUpdateStart = VELEmptyUpdateStart;
+  _info.dbi_vertexUpdateEnd = _info.dbi_indexUpdateEnd = 0;
+}
+
+void VELDrawingBuffer::o_freeBuffer() {
+  if (_removed) return;
+  _removed = true;
+  _info = {};
+  _vertices.reset();
+  _indices.reset();
+  const auto context = _context.lock();
+  if (!context) return;
+  const VELGLContextScope scope(*context);
+  if (!scope.isCurrent()) return;
+  context->gl().deleteBuffer(_vertexBufferId);
+  context->gl().deleteBuffer(_indexBufferId);
+}
+
+bool VELDrawingBuffer::o_isEnoughSpaceForVertices(uint32_t vertices, uint32_t indices) const {
+  const auto capacity = static_cast<uint64_t>(_info.dbi_bufferSize);
+  return uint64_t{_info.dbi_vertexHead} + vertices <= capacity &&
+         uint64_t{_info.dbi_indexHead} + indices <= capacity;
+}
+
+void VELDrawingBuffer::o_addVerticesUpdateRange(uint32_t count) {
+  widen(_info.dbi_vertexUpdateStart, _info.dbi_vertexUpdateEnd, _info.dbi_vertexHead, count,
+        _info.dbi_bufferSize);
+}
+
+void VELDrawingBuffer::o_addIndicesUpdateRange(uint32_t count) {
+  widen(_info.dbi_indexUpdateStart, _info.dbi_indexUpdateEnd, _info.dbi_indexHead, count,
+        _info.dbi_bufferSize);
+}
+
+uint32_t VELDrawingBuffer::o_insertPrimitiveRestart() {
+  if (_info.dbi_indexHead == 0 || !o_isEnoughSpaceForVertices(0, 2)) return 0;
+  o_addIndicesUpdateRange(2);
+  uint16_t* const tail = o_indexBufferTail();
+  tail[0] = tail[-1];
+  tail[1] = static_cast<uint16_t>(_info.dbi_vertexHead);
+  _info.dbi_indexHead += 2;
+  return 2;
+}
+
+void VELDrawingBuffer::o_selectVertexBuffers() {
+  VELGLContext* const context = VELGLContext::current();
+  if (!context) return;
+  context->gl().bindBuffer(VELGL_ARRAY_BUFFER, _vertexBufferId);
+  context->gl().bindBuffer(VELGL_ELEMENT_ARRAY_BUFFER, _indexBufferId);
+}
+
+void VELDrawingBuffer::o_uploadBuffersForDrawing() {
+  VELGLContext* const context = VELGLContext::current();
+  if (!context) return;
+  const auto upload = [&gl = context->gl()](uint32_t target, uint32_t& start, uint32_t& end,
+                                            const auto* data) {
+    if (end <= start) return;
+    constexpr size_t bytes = sizeof(*data);
+    gl.bufferSubData(target, start * bytes, (end - start) * bytes, data + start);
+    start = VELEmptyUpdateStart;
+    end = 0;
+  };
+  upload(VELGL_ARRAY_BUFFER, _info.dbi_vertexUpdateStart, _info.dbi_vertexUpdateEnd, _info.dbi_vertexBuffer);
+  upload(VELGL_ELEMENT_ARRAY_BUFFER, _info.dbi_indexUpdateStart, _info.dbi_indexUpdateEnd,
+         _info.dbi_indexBuffer);
+}
+
+void VELDrawingBuffer::o_setupAttribPointersForPosition(uint32_t position, uint32_t color, uint32_t texture) {
+  VELGLContext* const context = VELGLContext::current();
+  if (!context) return;
+  VELGL& gl = context->gl();
+  gl.vertexAttribPointer(position, 2, VELGL_FLOAT, false, stride, offsetof(VELVertex, x));
+  gl.vertexAttribPointer(color, 4, VELGL_UNSIGNED_BYTE, true, stride, offsetof(VELVertex, color));
+  gl.vertexAttribPointer(texture, 2, VELGL_UNSIGNED_SHORT, true, stride, offsetof(VELVertex, textureX));
+}

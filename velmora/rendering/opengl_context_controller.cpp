@@ -1,0 +1,112 @@
+#include "velmora/rendering/opengl_context_controller.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <unordered_map>
+
+#include "velmora/rendering/default_brush_shader_program.h"
+#include "velmora/rendering/shader_attributes.h"
+
+namespace {
+
+constexpr size_t initialCapacity = 16;
+
+[[noreturn]] void endProcess(const char* reason) {
+  std::fprintf(stderr, "%s\n", reason);
+  std::exit(1);
+}
+
+}  // namespace
+
+struct VELOpenGLContextController::Registry {
+  std::unordered_map<const VELGLContext*, VELOpenGLContextController> controllers;
+  VELOpenGLContextController* current = nullptr;
+
+  Registry() { controllers.reserve(initialCapacity); }
+
+  VELOpenGLContextController* find(const VELGLContext* context) {
+    const auto found = controllers.find(context);
+    if (found == controllers.end()) return nullptr;
+    if (!found->second._context.expired()) return &found->second;
+    // A context that went without being freed; a new one may live at its address.
+    remove(found->second, context);
+    return nullptr;
+  }
+  void remove(const VELOpenGLContextController& controller, const VELGLContext* context) {
+    if (current == &controller) current = nullptr;
+    controllers.erase(context);
+  }
+};
+
+VELOpenGLContextController::Registry& VELOpenGLContextController::registry() {
+  static Registry instance;
+  return instance;
+}
+
+std::shared_ptr<VELGLContext> VELOpenGLContextController::o_createContext() {
+  auto context = VELGLContext::create();
+  if (!context) endProcess("Failed to initialize OpenGLES 2.0 context");
+  o_createContext(context);
+  return context;
+}
+
+void VELOpenGLContextController::o_createContext(const std::shared_ptr<VELGLContext>& context) {
+  if (!context) return;
+  VELOpenGLContextController* controller = registry().find(context.get());
+  if (!controller) {
+    controller = &registry().controllers[context.get()];
+    controller->_context = context;
+  }
+  ++controller->_registrations;
+}
+
+bool VELOpenGLContextController::o_enableContext(const std::shared_ptr<VELGLContext>& context) {
+  VELOpenGLContextController* const controller = registry().find(context.get());
+  if (!controller) return false;
+  if (registry().current) registry().current->_state.forget();
+  registry().current = controller;
+  controller->_state.forget();
+  if (!context->makeCurrent()) endProcess("Failed to set current OpenGL context");
+  return true;
+}
+
+void VELOpenGLContextController::o_freeContext(const std::shared_ptr<VELGLContext>& context) {
+  VELOpenGLContextController* const controller = registry().find(context.get());
+  if (!controller || --controller->_registrations > 0) return;
+  if (controller->_defaultShader && context->makeCurrent()) controller->_defaultShader->o_freeShader();
+  registry().remove(*controller, context.get());
+}
+
+VELBrushShaderProgram* VELOpenGLContextController::o_defaultBrushShader(
+    const VELShaderAttributes& attributes) {
+  VELOpenGLContextController* const controller = registry().current;
+  if (!controller) return nullptr;
+  if (!controller->_defaultShader) {
+    controller->_defaultShader = std::make_unique<VELDefaultBrushShaderProgram>(attributes);
+    controller->_defaultShader->o_compileShaderProgram();
+  }
+  return controller->_defaultShader.get();
+}
+
+VELGLState* VELOpenGLContextController::o_currentState() {
+  return registry().current ? &registry().current->_state : nullptr;
+}
+
+bool VELOpenGLContextController::o_buffersEnabled() {
+  return registry().current && registry().current->_state.attributeArraysEnabled();
+}
+
+void VELOpenGLContextController::o_enableContextBuffers() {
+  if (registry().current) registry().current->_state.setAttributeArrays(true);
+}
+
+void VELOpenGLContextController::o_disableContextBuffers() {
+  if (registry().current) registry().current->_state.setAttributeArrays(false);
+}
+
+void VELOpenGLContextController::o_getBufferForPostion(uint32_t& position, uint32_t& color,
+                                                       uint32_t& texture) {
+  position = 0;
+  color = 1;
+  texture = 2;
+}

@@ -1,0 +1,152 @@
+#include "velmora/rendering/opengl_render_context.h"
+
+#include <span>
+
+#include "velmora/data/array_controller.h"
+#include "velmora/rendering/brush_shader_controller.h"
+#include "velmora/rendering/opengl_context_controller.h"
+#include "velmora/rendering/render_surface.h"
+
+namespace {
+
+std::shared_ptr<VELGLContext> currentContext() {
+  VELGLContext* const context = VELGLContext::current();
+  return context ? context->weak_from_this().lock() : nullptr;
+}
+
+}  // namespace
+
+VELOpenGLRenderContext::VELOpenGLRenderContext()
+    : VELOpenGLRenderContext(VELDrawingBuffer::maximumSize, currentContext()) {}
+
+VELOpenGLRenderContext::VELOpenGLRenderContext(int32_t bufferSize,
+                                               const std::shared_ptr<VELGLContext>& context)
+    : _drawingBufferSize(bufferSize), _parentContext(context) {
+  VELBrushShaderController::o_getBufferValuesForPostion(_shaderAttributes.sa_positionBuffer,
+                                                        _shaderAttributes.sa_colorBuffer,
+                                                        _shaderAttributes.sa_textureBuffer);
+  p_VEL_o_createDrawingBuffer();
+}
+
+VELOpenGLRenderContext::~VELOpenGLRenderContext() = default;
+
+void VELOpenGLRenderContext::invalidate() {
+  _wasChanged = true;
+  if (_invalidated) _invalidated();
+}
+
+VELSize VELOpenGLRenderContext::viewportSize() const {
+  const auto surface = parentRenderSurface();
+  return surface ? surface->chartFrame().size() : VELSize{};
+}
+
+void VELOpenGLRenderContext::clear() {
+  for (const auto& buffer : _drawingBuffers) buffer->o_clearBuffer();
+  _drawingOrder.o_clearQueue();
+  _currentDrawingBuffer = 0;
+  p_VEL_makeCurrent(*_drawingBuffers.front());
+  _wasChanged = true;
+  _shaderAttributes.sa_brushAtlas.o_clearAtlas();
+}
+
+void VELOpenGLRenderContext::performDrawingCommands() {
+  _wasChanged = false;
+  _drawingOrder.o_performCommands();
+}
+
+// A shape that the current buffer cannot take goes to the next one; if it is too large for a whole buffer,
+// the second answer is 0 as well and it is not drawn.
+template <typename Draw>
+void VELOpenGLRenderContext::p_VEL_drawWithRetry(Draw&& draw) {
+  _wasChanged = true;
+  if (draw() != 0) return;
+  p_VEL_o_createDrawingBuffer();
+  draw();
+}
+
+void VELOpenGLRenderContext::drawLineWithBrush(const VELPenPtr& pen, float fromX, float fromY, float toX,
+                                               float toY) {
+  p_VEL_drawWithRetry([&] { return _lineHelper.o_drawLinePrimitiveWithBrush(pen, fromX, fromY, toX, toY); });
+}
+
+void VELOpenGLRenderContext::drawRectWithBrush(const VELBrushPtr& brush, float fromX, float fromY, float toX,
+                                               float toY) {
+  p_VEL_drawWithRetry(
+      [&] { return _rectHelper.o_drawRectPrimitiveWithBrush(brush, fromX, fromY, toX, toY); });
+}
+
+void VELOpenGLRenderContext::beginPolylineWithBrush(const VELPenPtr& pen, float x, float y) {
+  _wasChanged = true;
+  // No retry on purpose: the first point writes nothing, the second one moves on if it must.
+  _polylineHelper.o_beginPolylinePrimitiveWithBrush(pen, double{x}, double{y});
+}
+
+void VELOpenGLRenderContext::extendPolylineWithBrush(const VELPenPtr& pen, float x, float y) {
+  p_VEL_drawWithRetry(
+      [&] { return _polylineHelper.o_extendPolylinePrimitiveWithBrush(pen, double{x}, double{y}); });
+}
+
+void VELOpenGLRenderContext::drawPolylineWithBrush(const VELPenPtr& pen, const VELArrayController& xData,
+                                                   const VELArrayController& yData, int32_t) {
+  _wasChanged = true;
+  if (!pen || xData.type() != VELDataType_Double || yData.type() != VELDataType_Double) return;
+  const std::span xs = xData.doubles(), ys = yData.doubles();
+  if (xs.size() < 2 || xs.size() != ys.size()) return;
+  bool isFresh = false;
+  for (size_t index = 0; index + 1 < xs.size();) {
+    const uint32_t consumed = _polylineHelper.o_drawPolylinePrimitiveWithBrush(pen, xs, ys, index);
+    index += consumed;
+    if (consumed == 0 && isFresh) return;
+    isFresh = consumed == 0;
+    if (isFresh) p_VEL_o_createDrawingBuffer();
+  }
+}
+
+void VELOpenGLRenderContext::beginNewPrimitive() { _drawingOrder.o_beginNewPrimitive(); }
+
+void VELOpenGLRenderContext::setDrawingArea(const VELRect& area) {
+  const auto surface = parentRenderSurface();
+  const double height = surface ? surface->frame().height : 0.0;
+  const double scale = double{_sizeScale};
+  const VELRect scissor = {area.x * scale, (height - area.y - area.height) * scale, area.width * scale,
+                           area.height * scale};
+  _drawingOrder.o_addSetDrawingAreaComandWithFrame(area, scissor);
+}
+
+void VELOpenGLRenderContext::setParentRenderSurface(const std::shared_ptr<VELRenderSurface>& surface) {
+  _parentRenderSurface = surface;
+}
+
+void VELOpenGLRenderContext::setProjectionMatrix(const VELMatrix& projection, const VELMatrix& view) {
+  _shaderAttributes.sa_projectionMatrix = projection;
+  _shaderAttributes.sa_viewMatrix = view;
+  _shaderAttributes.sa_totalMatrix = VELMatrixMultiply(projection, view);
+}
+
+void VELOpenGLRenderContext::p_VEL_o_createDrawingBuffer() {
+  if (_drawingBuffers.empty() || _currentDrawingBuffer == _drawingBuffers.size() - 1) {
+    VELOpenGLContextController::o_enableContext(_parentContext.lock());
+    _drawingBuffers.push_back(std::make_unique<VELDrawingBuffer>(_drawingBufferSize));
+    _currentDrawingBuffer = _drawingBuffers.size() - 1;
+  } else {
+    ++_currentDrawingBuffer;
+  }
+  p_VEL_makeCurrent(*_drawingBuffers[_currentDrawingBuffer]);
+}
+
+void VELOpenGLRenderContext::p_VEL_makeCurrent(VELDrawingBuffer& buffer) {
+  _drawingOrder.o_addDrawingBufferCommandWithBuffer(&buffer, _shaderAttributes.sa_positionBuffer,
+                                                    _shaderAttributes.sa_colorBuffer,
+                                                    _shaderAttributes.sa_textureBuffer);
+  p_VEL_o_updatePrimitivesConfiguration();
+}
+
+void VELOpenGLRenderContext::p_VEL_o_updatePrimitivesConfiguration() {
+  VELDrawingBuffer* const buffer = _drawingBuffers[_currentDrawingBuffer].get();
+  for (VELDrawingPrimitive* const primitive :
+       {static_cast<VELDrawingPrimitive*>(&_polylineHelper), static_cast<VELDrawingPrimitive*>(&_lineHelper),
+        static_cast<VELDrawingPrimitive*>(&_rectHelper)}) {
+    primitive->o_setDrawingBuffer(buffer);
+    primitive->o_setCommandQueue(&_drawingOrder);
+  }
+}

@@ -1,0 +1,233 @@
+#include "velmora/rendering/opengl_render_surface.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+#include "velmora/data/saturate.h"
+#include "velmora/platform/composer.h"
+#include "velmora/rendering/drawing_buffer.h"
+#include "velmora/rendering/opengl_context_controller.h"
+#include "velmora/rendering/opengl_render_context.h"
+#include "velmora/rendering/render_surface_style.h"
+
+namespace {
+
+constexpr int32_t sampleCount = 4;
+// The drawing plane lies at −7, between the near and the far plane.
+constexpr float nearPlane = 4.0f, farPlane = 10.0f, drawingPlane = -7.0f;
+
+void checkFramebuffer(VELGL& gl, uint32_t framebuffer) {
+  gl.bindFramebuffer(VELGL_FRAMEBUFFER, framebuffer);
+  const uint32_t status = gl.checkFramebufferStatus(VELGL_FRAMEBUFFER);
+  if (status != VELGL_FRAMEBUFFER_COMPLETE)
+    std::fprintf(stderr, "Failed to make complete framebuffer object %x\n", status);
+}
+
+bool isReadable(const VELColor& color) {
+  return std::isfinite(color.red()) && std::isfinite(color.green()) && std::isfinite(color.blue()) &&
+         std::isfinite(color.alpha());
+}
+
+}  // namespace
+
+std::shared_ptr<VELOpenGLRenderSurface> VELOpenGLRenderSurface::initWithFrame(const VELRect& frame,
+                                                                              VELHost& host) {
+  if (!host.glContext()) return nullptr;
+  auto surface = std::make_shared<VELOpenGLRenderSurface>(Key(), frame, host);
+  VELOpenGLContextController::o_createContext(surface->_context);
+  surface->p_VEL_setUpFramebuffers();
+  surface->p_VEL_setUpDisplayLink(host.displayLink());
+  surface->p_VEL_createContexts();
+  surface->layoutSubviews();
+  return surface;
+}
+
+VELOpenGLRenderSurface::VELOpenGLRenderSurface(Key, const VELRect& frame, VELHost& host)
+    : VELRenderSurfaceBase(frame),
+      _context(host.glContext()),
+      _layer(std::make_unique<VELGLLayer>(_context)),
+      _contentScale(static_cast<float>(host.contentScale())) {}
+
+VELOpenGLRenderSurface::~VELOpenGLRenderSurface() {
+  if (_context->makeCurrent()) p_VEL_deleteFramebuffers();
+  // While the GL context is still registered: contexts make it current to give their buffers back.
+  addRenderContext(nullptr);
+  addModifierContext(nullptr);
+  addBackgroundContext(nullptr);
+  VELOpenGLRenderSurface::free();
+}
+
+void VELOpenGLRenderSurface::p_VEL_setUpFramebuffers() {
+  VELOpenGLContextController::o_enableContext(_context);
+  VELGL& gl = _context->gl();
+  _framebuffer = gl.genFramebuffer();
+  if (!gl.hasMultisampling()) return;
+  _sampleFramebuffer = gl.genFramebuffer();
+  _sampleColorRenderbuffer = gl.genRenderbuffer();
+}
+
+void VELOpenGLRenderSurface::p_VEL_setUpDisplayLink(const std::shared_ptr<VELDisplayLink>& displayLink) {
+  if (!displayLink) return;
+  _displayLink = displayLink;
+  _displayLinkKey = displayLink->add([weak = weak_from_this(), this](double) {
+    if (const auto alive = weak.lock()) onRenderTimeElapsed();
+  });
+}
+
+std::shared_ptr<VELOpenGLRenderContext> VELOpenGLRenderSurface::p_VEL_createContext() {
+  auto context = std::make_shared<VELOpenGLRenderContext>(_drawingBufferSize, _context);
+  context->setSizeScale(_contentScale);
+  context->setParentRenderSurface(std::static_pointer_cast<VELOpenGLRenderSurface>(shared_from_this()));
+  return context;
+}
+
+void VELOpenGLRenderSurface::p_VEL_createContexts() {
+  addRenderContext(p_VEL_createContext());
+  addModifierContext(p_VEL_createContext());
+  addBackgroundContext(p_VEL_createContext());
+}
+
+void VELOpenGLRenderSurface::setDrawingBufferSize(int32_t size) {
+  _drawingBufferSize = std::clamp(size, VELDrawingBuffer::minimumSize, VELDrawingBuffer::maximumSize);
+  p_VEL_createContexts();
+  invalidateElement();
+}
+
+void VELOpenGLRenderSurface::setBackgroundColor(const VELColor& color) {
+  _backgroundColor = color;
+  invalidateElement();
+}
+
+void VELOpenGLRenderSurface::free() {
+  if (_freed) return;
+  _freed = true;
+  if (const auto displayLink = _displayLink.lock()) displayLink->remove(_displayLinkKey);
+  VELOpenGLContextController::o_freeContext(_context);
+}
+
+void VELOpenGLRenderSurface::p_VEL_deleteFramebuffers() {
+  VELGL& gl = _context->gl();
+  gl.deleteFramebuffer(_framebuffer);
+  if (_sampleFramebuffer == 0) return;
+  gl.deleteFramebuffer(_sampleFramebuffer);
+  gl.deleteRenderbuffer(_sampleColorRenderbuffer);
+}
+
+void VELOpenGLRenderSurface::layoutSubviews() {
+  const double width = frame().width, height = frame().height;
+  // Whole or not: cut to whole points, the same picture would be stretched over the same pixels.
+  _projectionFrame = {-width / 2.0, -height / 2.0, width, height};
+  if (!VELOpenGLContextController::o_enableContext(_context)) return;
+  VELGL& gl = _context->gl();
+  const double scale = double{_contentScale};
+  _layer->allocate(VELSaturate<int32_t>(std::round(width * scale)),
+                   VELSaturate<int32_t>(std::round(height * scale)));
+  const bool sameSize = _width == _layer->width() && _height == _layer->height();
+  _width = _layer->width();
+  _height = _layer->height();
+
+  gl.bindFramebuffer(VELGL_FRAMEBUFFER, _framebuffer);
+  _layer->attachToFramebuffer();
+  checkFramebuffer(gl, _framebuffer);
+  if (_sampleFramebuffer != 0) {
+    gl.bindFramebuffer(VELGL_FRAMEBUFFER, _sampleFramebuffer);
+    gl.bindRenderbuffer(_sampleColorRenderbuffer);
+    gl.renderbufferStorageMultisample(sampleCount, VELGL_RGBA8, _width, _height);
+    gl.framebufferRenderbuffer(VELGL_FRAMEBUFFER, VELGL_COLOR_ATTACHMENT0, _sampleColorRenderbuffer);
+    checkFramebuffer(gl, _sampleFramebuffer);
+  }
+  // New storage is empty, and every recorded drawing area was measured from the old bottom edge.
+  if (!sameSize) invalidateElement();
+}
+
+void VELOpenGLRenderSurface::compose(VELComposer& composer, const VELRect& frameInRoot) {
+  if (_layer->presentedCount() > 0) composer.composeLayer(*_layer, frameInRoot);
+}
+
+void VELOpenGLRenderSurface::onRenderTimeElapsed() {
+  const bool wasNeeded = needRedraw();
+  VELRenderSurfaceBase::onRenderTimeElapsed();
+  if (!wasNeeded && reduceGPUFrames()) return;
+  p_VEL_renderOpenGL();
+  p_VEL_callRendered(wasNeeded ? 1 : 2);
+}
+
+bool VELOpenGLRenderSurface::p_VEL_usesMultisampling() const {
+  return multisampling() && _sampleFramebuffer != 0;
+}
+
+void VELOpenGLRenderSurface::p_VEL_renderOpenGL() {
+  if (!VELOpenGLContextController::o_enableContext(_context)) return;
+  VELGL& gl = _context->gl();
+  VELGLState& state = *VELOpenGLContextController::o_currentState();
+  state.prepareForDrawing();
+  gl.bindFramebuffer(VELGL_FRAMEBUFFER, p_VEL_usesMultisampling() ? _sampleFramebuffer : _framebuffer);
+  const VELColor color = isReadable(_backgroundColor) ? _backgroundColor : VELColor(1.0, 1.0, 1.0, 1.0);
+  gl.clearColor(static_cast<float>(color.red()), static_cast<float>(color.green()),
+                static_cast<float>(color.blue()), static_cast<float>(color.alpha()));
+  state.setViewport(0, 0, _width, _height);
+  state.setScissor(0, 0, _width, _height);
+  gl.clear(VELGL_COLOR_BUFFER_BIT);
+  p_VEL_performContexts();
+  state.setScissor(0, 0, _width, _height);
+  if (p_VEL_usesMultisampling()) p_VEL_resolveMultisampling();
+  state.finishDrawing();
+  _layer->present();
+}
+
+void VELOpenGLRenderSurface::p_VEL_performContexts() {
+  const VELRect& frame = _projectionFrame;
+  if (!(frame.width > 0.0 && frame.height > 0.0)) return;
+  const VELMatrix projection = VELMatrixOrthographic(static_cast<float>(frame.width),
+                                                     static_cast<float>(frame.height), nearPlane, farPlane);
+  VELMatrix view = VELMatrixIdentity();
+  view[12] = static_cast<float>(frame.x);
+  view[13] = static_cast<float>(frame.y);
+  view[14] = drawingPlane;
+  for (const auto* context : {&backgroundContext(), &renderContext(), &modifierContext()}) {
+    // A context without a drawing area of its own draws over the whole surface.
+    VELOpenGLContextController::o_currentState()->setScissor(0, 0, _width, _height);
+    const auto recorded = std::static_pointer_cast<VELOpenGLRenderContext>(*context);
+    recorded->setProjectionMatrix(projection, view);
+    recorded->performDrawingCommands();
+  }
+}
+
+void VELOpenGLRenderSurface::p_VEL_resolveMultisampling() {
+  VELGL& gl = _context->gl();
+  gl.bindFramebuffer(VELGL_DRAW_FRAMEBUFFER, _framebuffer);
+  gl.bindFramebuffer(VELGL_READ_FRAMEBUFFER, _sampleFramebuffer);
+  gl.blitColor(_width, _height);
+  gl.invalidateFramebuffer(VELGL_READ_FRAMEBUFFER, VELGL_COLOR_ATTACHMENT0);
+}
+
+void VELOpenGLRenderSurface::drawBackground(VELRenderContext2D& context, const VELRenderSurfaceStyle& style) {
+  const VELBrushPtr& background = style.backgroundBrush();
+  const VELBrushPtr& seriesBackground = style.seriesBackgroundBrush();
+  const VELPenPtr& border = style.borderPen();
+  if (!background && !seriesBackground && !border) return;
+  const VELRect whole = frame();
+  const VELRect chart = chartFrame();
+  context.setDrawingArea(whole);
+  const auto left = static_cast<float>(chart.x), top = static_cast<float>(chart.y);
+  const auto right = static_cast<float>(chart.right()), bottom = static_cast<float>(chart.bottom());
+  if (background) {
+    background->setDrawingAreaX(0.0, 0.0, whole.width, whole.height);
+    context.drawRectWithBrush(background, 0.0f, 0.0f, static_cast<float>(whole.width),
+                              static_cast<float>(whole.height));
+  }
+  // Right and bottom go where width and height are expected; meant: gradients of chart and border reach as
+  // far as the edges lie from the surface's origin.
+  if (seriesBackground) {
+    seriesBackground->setDrawingAreaX(chart.x, chart.y, chart.right(), chart.bottom());
+    context.drawRectWithBrush(seriesBackground, left, top, right, bottom);
+  }
+  if (!border) return;
+  border->setDrawingAreaX(chart.x, chart.y, chart.right(), chart.bottom());
+  context.beginPolylineWithBrush(border, left, top);
+  context.extendPolylineWithBrush(border, right, top);
+  context.extendPolylineWithBrush(border, right, bottom);
+  context.extendPolylineWithBrush(border, left, bottom);
+  context.extendPolylineWithBrush(border, left, top);
+}

@@ -1,0 +1,40 @@
+// rendering/polyline_primitive.h: a thick line through many points.
+//
+// Each segment is a quad; the last edge of one and the first edge of the next make the join, all in one
+// strip. A segment with an end that is not finite draws nothing and leaves a gap: the strip starts anew
+// behind it.
+#pragma once
+
+#include <span>
+
+#include "velmora/rendering/drawing_primitive.h"
+
+class VELPolylinePrimitive final : public VELDrawingPrimitive {
+ public:
+  /// The first point. @return always 0; without room the first extension moves to another buffer anyway
+  uint32_t o_beginPolylinePrimitiveWithBrush(const VELPenPtr& pen, double x, double y);
+  /// The next point. @return vertices written: 4, or 6 where the strip is turned over
+  uint32_t o_extendPolylinePrimitiveWithBrush(const VELPenPtr& pen, double x, double y);
+  /// A polyline from point @p start on, as far as the buffer has room. An extension afterwards goes on from
+  /// the last point drawn.
+  /// @param xs, ys columns of the same length, in points
+  /// @return segments consumed; 0 when not even one fits, or with fewer than 2 points left
+  uint32_t o_drawPolylinePrimitiveWithBrush(const VELPenPtr& pen, std::span<const double> xs,
+                                            std::span<const double> ys, size_t start);
+
+ private:
+  struct Batch;
+  template <bool variative>
+  void p_VEL_drawSegments(Batch& batch, const VELPen2D& pen);
+
+  void p_VEL_moveTo(double x, double y);
+  void p_VEL_leaveGap(double x, double y);
+  void p_VEL_lineTo(double x, double y);
+  bool p_VEL_turnsStrip(double y) const { return _isLastSegmentReversed && _lastY > y; }
+
+  double _lastX = 0.0;
+  double _lastY = 0.0;
+  bool _isLastSegmentReversed = false;
+  bool _hasSegment = false;       ///< a segment was written since the last start
+  bool _startsBehindGap = false;  ///< the next segment must not join the one before
+};

@@ -1,0 +1,60 @@
+// rendering/render_context.h: the drawing operations of axes, series, modifiers and applications.
+//
+// Drawing records; nothing reaches the screen before the surface replays the recorded frame, which stays in
+// place until `clear`. Coordinates are points, origin top left, y downwards, relative to the drawing area.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "velmora/platform/export.h"
+#include "velmora/platform/geometry.h"
+#include "velmora/rendering/brush.h"
+
+class VELArrayController;
+class VELRenderSurface;
+
+/// Records shapes. No operation raises; a null brush and coordinates that are not finite draw nothing.
+class VELMORA_API VELRenderContext2D {
+ public:
+  virtual ~VELRenderContext2D() = default;
+
+  /// Marks the context changed and asks its surface for a redraw.
+  virtual void invalidate() = 0;
+  /// Size of the parent surface's chart frame, in points; zero when the surface is gone.
+  virtual VELSize viewportSize() const = 0;
+  /// Forgets the recorded frame.
+  virtual void clear() = 0;
+  /// Replays the recorded frame on the current GL context.
+  virtual void performDrawingCommands() = 0;
+
+  /// One segment with square ends.
+  virtual void drawLineWithBrush(const VELPenPtr& pen, float fromX, float fromY, float toX, float toY) = 0;
+  /// A filled rectangle between two opposite corners.
+  virtual void drawRectWithBrush(const VELBrushPtr& brush, float fromX, float fromY, float toX,
+                                 float toY) = 0;
+  /// Starts a polyline at a point.
+  virtual void beginPolylineWithBrush(const VELPenPtr& pen, float x, float y) = 0;
+  /// The next point of the polyline. A point that is not finite leaves a gap.
+  virtual void extendPolylineWithBrush(const VELPenPtr& pen, float x, float y) = 0;
+  /// A whole polyline from two columns of doubles of the same length, at least 2; anything else draws
+  /// nothing. A point that is not finite leaves a gap. Elements are taken in storage order.
+  /// @param startingIndex ignored on purpose: a polyline is always drawn from its first point
+  virtual void drawPolylineWithBrush(const VELPenPtr& pen, const VELArrayController& xData,
+                                     const VELArrayController& yData, int32_t startingIndex) = 0;
+  /// Tells that the next shape is unrelated to the last one.
+  virtual void beginNewPrimitive() = 0;
+  /// Origin and clip of what is drawn from here on; in points, relative to the surface.
+  virtual void setDrawingArea(const VELRect& area) = 0;
+
+  /// The redraw callback; its owner holds what it captures weakly.
+  virtual const std::function<void()>& invalidated() const = 0;
+  virtual void setInvalidated(std::function<void()> invalidated) = 0;
+  /// The surface that owns the context, held weakly; null when it is gone.
+  virtual std::shared_ptr<VELRenderSurface> parentRenderSurface() const = 0;
+  virtual void setParentRenderSurface(const std::shared_ptr<VELRenderSurface>& surface) = 0;
+  /// True when something was drawn or cleared since the last replay.
+  virtual bool wasChanged() const = 0;
+  virtual void setWasChanged(bool changed) = 0;
+};

@@ -1,0 +1,29 @@
+// surface/axis_walk.h: going through the axes of a surface, as every pass does.
+#pragma once
+
+#include "velmora/axes/axis_base.h"
+#include "velmora/axes/axis_collection.h"
+
+/// Calls @p visit with every axis in order; the count is read again at each step, so that a visit may remove
+/// axes. A missing collection has none.
+template <typename Visit>
+void VELForEachAxis(const VELAxisCollection* axes, Visit visit) {
+  for (int32_t i = 0; axes && i < axes->count(); ++i)
+    if (const auto axis = axes->itemAt(i)) visit(*axis);
+}
+
+/// The first axis for which @p holds is true, or null.
+template <typename Predicate>
+std::shared_ptr<VELAxisBase> VELFindAxis(const VELAxisCollection* axes, Predicate holds) {
+  for (int32_t i = 0; axes && i < axes->count(); ++i)
+    if (const auto axis = axes->itemAt(i); axis && holds(*axis)) return axis;
+  return nullptr;
+}
+
+/// Gives an axis a newly computed range when it differs and the axis takes it.
+inline void VELApplyRange(VELAxisBase& axis, const VELRangePtr& range) {
+  if (!range) return;
+  const VELRangePtr visible = axis.visibleRange();
+  if (visible && range->equals(visible.get())) return;
+  if (axis.isValidRange(range)) axis.trySetOrAnimateVisibleRange(range);
+}
