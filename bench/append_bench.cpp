@@ -15,7 +15,7 @@ namespace {
 void append_each(benchmark::State& state) {
   constexpr int64_t points = 1'000'000;
   VELXyDataSeries series(VELDataType_Double, VELDataType_Double);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     series.clear();
     for (int64_t i = 0; i < points; ++i) {
       series.appendX(static_cast<double>(i), 0.5 * static_cast<double>(i));

@@ -39,7 +39,7 @@ void fullPass(benchmark::State& state) {
   const Chart chart(state.range(0));
   if (!chart.view) return state.SkipWithError("no OpenGL ES here");
   VELChartRenderer renderer(chart.view->surface());
-  auto& context = *chart.view->renderSurface()->renderContext();
+  auto* context = chart.view->renderSurface()->renderContext().get();
   for (auto _ : state) benchmark::DoNotOptimize(renderer.o_renderLoop(context));
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }

@@ -25,9 +25,9 @@ std::shared_ptr<VELArrayController> column(bool isX, bool withGaps) {
   return controller;
 }
 
-void batch(benchmark::State& state) {
+void batch(benchmark::State& state, bool withGaps) {
   const auto xs = column(true, false);
-  const auto ys = column(false, state.range(0) != 0);
+  const auto ys = column(false, withGaps);
   const VELPenPtr pen = VELPen2D::solid(0xFF50A0F0u, 1.0f);
   VELOpenGLRenderContext context(65536, nullptr);
   for (auto _ : state) {
@@ -54,7 +54,8 @@ void pieces(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(kPoints - 1));
 }
 
-BENCHMARK(batch)->Name("polyline_batch")->ArgName("gaps")->Arg(0)->Arg(1);
+BENCHMARK_CAPTURE(batch, plain, false)->Name("polyline_batch");
+BENCHMARK_CAPTURE(batch, gaps, true)->Name("polyline_batch_gaps");
 BENCHMARK(pieces)->Name("polyline_extend");
 
 }  // namespace

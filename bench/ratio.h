@@ -7,8 +7,8 @@
 #include <chrono>
 #include <limits>
 
-/// Measures the case and its baseline in turns, so that both meet the same machine, and reports the time of the
-/// case, items per second and two counters: `baseline_s` and `ratio`, both from the fastest turn of each.
+/// Measures the case and its baseline in turns, so that both meet the same machine, and reports the time of
+/// the case, items per second and two counters: `baseline_s` and `ratio`, both from the fastest turn of each.
 template <typename Case, typename Baseline>
 void VELRunAgainstBaseline(benchmark::State& state, int64_t items, Case&& measured, Baseline&& baseline) {
   using Clock = std::chrono::steady_clock;
@@ -19,7 +19,7 @@ void VELRunAgainstBaseline(benchmark::State& state, int64_t items, Case&& measur
   };
   double best = std::numeric_limits<double>::infinity();
   double bestBaseline = std::numeric_limits<double>::infinity();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     bestBaseline = std::min(bestBaseline, secondsOf(baseline));
     const double seconds = secondsOf(measured);
     best = std::min(best, seconds);

@@ -14,8 +14,8 @@ namespace {
 
 constexpr int32_t kWidth = 1920;
 
-/// A noisy series, and a resampler that reduces all of it into the same point series every time, against a loop
-/// that only sums y.
+/// A noisy series, and a resampler that reduces all of it into the same point series every time, against a
+/// loop that only sums y.
 void reduceAll(benchmark::State& state, VELResamplingMode mode) {
   const auto points = static_cast<size_t>(state.range(0));
   std::mt19937 random(1);
@@ -33,7 +33,8 @@ void reduceAll(benchmark::State& state, VELResamplingMode mode) {
   VELPointResampler resampler;
   std::shared_ptr<VELPointSeries> reduced;
   const auto reduce = [&] {
-    reduced = resampler.o_executeMode(mode, *series.xValues(), *series.yValues(), all, visible, kWidth, reduced);
+    reduced =
+        resampler.o_executeMode(mode, *series.xValues(), *series.yValues(), all, visible, kWidth, reduced);
     benchmark::DoNotOptimize(reduced->yValues()->data());
     benchmark::ClobberMemory();
   };

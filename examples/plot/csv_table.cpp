@@ -77,11 +77,28 @@ void onField(void* text, size_t length, void* builder) {
 
 void onRow(int, void* builder) { static_cast<TableBuilder*>(builder)->endRow(); }
 
-// Commas unless the header has none of them and one of the other two.
-char separatorOf(std::string_view header) {
-  if (header.find(',') != std::string_view::npos) return ',';
-  if (header.find(';') != std::string_view::npos) return ';';
-  return header.find('\t') != std::string_view::npos ? '\t' : ',';
+// Commas unless the header has none of them outside quotes and one of the other two.
+char separatorOf(std::string_view text) {
+  bool quoted = false, hasSemicolon = false, hasTab = false, begun = false;
+  for (const char c : text) {
+    if (c == '"') quoted = !quoted;
+    if (quoted) continue;
+    const bool lineEnds = c == '\n' || c == '\r';
+    if (lineEnds && begun) break;
+    begun |= !lineEnds && c != ' ';
+    if (c == ',') return ',';
+    hasSemicolon |= c == ';';
+    hasTab |= c == '\t';
+  }
+  return hasSemicolon ? ';' : hasTab ? '\t' : ',';
+}
+
+// The first line with its end: CR, LF or both.
+std::string_view firstLineOf(std::string_view text) {
+  const size_t end = text.find_first_of("\r\n");
+  if (end == std::string_view::npos) return text;
+  const bool both = text.substr(end, 2) == "\r\n";
+  return text.substr(0, end + (both ? 2 : 1));
 }
 
 struct CsvCloser {
@@ -115,13 +132,13 @@ CsvTable parseCsv(std::string_view text, const std::string& name) {
   csv_parser parser;
   if (csv_init(&parser, CSV_APPEND_NULL) != 0) throw PlotFailure("There is no memory to read " + name + ".");
   const std::unique_ptr<csv_parser, CsvCloser> closer(&parser);
-  csv_set_delim(&parser, static_cast<unsigned char>(separatorOf(text.substr(0, text.find('\n')))));
+  csv_set_delim(&parser, static_cast<unsigned char>(separatorOf(text)));
 
   // Line by line, so that every row knows the line on which it began.
   TableBuilder builder;
   while (!text.empty()) {
-    const std::string_view chunk = text.substr(0, std::min(text.find('\n'), text.size() - 1) + 1);
-    if (chunk.find_first_not_of(" \t\r\n") != std::string_view::npos) builder.beginRowUnlessOpen();
+    const std::string_view chunk = firstLineOf(text);
+    if (chunk.find_first_not_of("\r\n") != std::string_view::npos) builder.beginRowUnlessOpen();
     if (csv_parse(&parser, chunk.data(), chunk.size(), onField, onRow, &builder) != chunk.size())
       throw PlotFailure(name + " cannot be read as CSV in line " + std::to_string(builder.line) + ": " +
                         csv_strerror(csv_error(&parser)) + ".");

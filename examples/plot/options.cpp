@@ -35,10 +35,9 @@ std::optional<PlotOptions> parseOptions(int argc, const char* const* argv) {
   app.add_option("FILE.csv", file, "the data: a row of column names, then rows of numbers")->required();
   app.add_option("--x", options.x, "column along the X axis (else the first numeric one, or the row number)");
   app.add_option("--y", options.y, "column drawn as a line, several times for more (else every other numeric one)")
-      ->take_all()
       ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  app.add_option("--out", out, "the picture (else FILE.png in this folder)");
+      ->allow_extra_args(false);  // what follows the one column is not another
+  const auto* outOption = app.add_option("--out", out, "the picture (else FILE.png in this folder)");
   app.add_option("--size", size, "width and height in points (1280x720)");
   app.add_option("--scale", scale, "pixels per point (1)");
   app.add_option("--title", options.title, "the text above the chart");
@@ -52,8 +51,10 @@ std::optional<PlotOptions> parseOptions(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     throw PlotFailure(std::string(error.what()) + "; see velmora-plot --help.");
   }
+  if (outOption->count() > 0 && out.empty())
+    throw PlotFailure("The name of the picture is empty; give one, as in --out chart.png.");
   options.file = file;
-  options.out = out.empty() ? options.file.filename().replace_extension(".png") : std::filesystem::path(out);
+  options.out = outOption->count() == 0 ? options.file.filename().replace_extension(".png") : std::filesystem::path(out);
   if (!size.empty()) options.size = parseSize(size);
   if (!scale.empty()) options.scale = parseScale(scale);
   return options;

@@ -21,7 +21,7 @@ struct PlotOptions {
 };
 
 /// Reads the command line.
-/// @return nothing when help or version was asked for and printed
+/// @return nothing when help was asked for and printed
 /// @throws PlotFailure for an option that is wrong
 std::optional<PlotOptions> parseOptions(int argc, const char* const* argv);
 

@@ -56,6 +56,19 @@ Choice choose(const CsvTable& table, const PlotOptions& options) {
   return choice;
 }
 
+// The axis must hold the whole extent and the margin around it as a double.
+void assertDrawable(const CsvColumn& column, const std::string& file) {
+  double lowest = std::numeric_limits<double>::infinity(), highest = -lowest;
+  for (const double value : column.values) {
+    if (value < lowest) lowest = value;
+    if (value > highest) highest = value;
+  }
+  constexpr double kMargin = 2.0;
+  if (column.numbers > 0 && !std::isfinite((highest - lowest) * kMargin))
+    throw PlotFailure("The numbers of column '" + column.name + "' of '" + file +
+                      "' lie too far apart to draw; give one whose extent stays below 1e308.");
+}
+
 PlotLine joinLine(const CsvColumn* x, const CsvColumn& y) {
   PlotLine line{y.name, {}, {}};
   line.x.reserve(y.values.size());
@@ -92,6 +105,8 @@ std::string describeGaps(const CsvTable& table, const Choice& choice) {
 
 PlotColumns choosePlotColumns(const CsvTable& table, const PlotOptions& options) {
   const Choice choice = choose(table, options);
+  for (const CsvColumn* y : choice.ys) assertDrawable(*y, options.file.string());
+  if (choice.x) assertDrawable(*choice.x, options.file.string());
   PlotColumns result;
   result.xName = choice.x ? choice.x->name : "row";
   for (const CsvColumn* y : choice.ys) result.lines.push_back(joinLine(choice.x, *y));

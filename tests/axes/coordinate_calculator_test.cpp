@@ -34,11 +34,16 @@ TEST(CoordinateCalculator, EachKindOfAxisPutsValuesWhereItSays) {
     double offset, value, pixel;
   };
   const std::vector<Row> rows = {
-      {paramsOf(101, 0, 100, false), 0, 100, 0},      {paramsOf(101, 0, 100, false), 0, 0, 100},
-      {paramsOf(101, 0, 100, false), 0, 50, 50},      {paramsOf(101, 0, 100, true), 0, 0, 0},
-      {paramsOf(101, 0, 100, true), 0, 100, 100},     {paramsOf(101, 0, 100, true), 10, 0, 10},
-      {paramsOf(101, 0, 100, true, true), 0, 100, 0}, {paramsOf(101, 0, 100, false, true), 0, 0, 0},
-      {paramsOf(101, -1, 1, false), 5, -1, 105},      {paramsOf(301, 1, 1000, true, false, 10), 0, 10, 100},
+      {paramsOf(101, 0, 100, false), 0, 100, 0},
+      {paramsOf(101, 0, 100, false), 0, 0, 100},
+      {paramsOf(101, 0, 100, false), 0, 50, 50},
+      {paramsOf(101, 0, 100, true), 0, 0, 0},
+      {paramsOf(101, 0, 100, true), 0, 100, 100},
+      {paramsOf(101, 0, 100, true), 10, 0, 10},
+      {paramsOf(101, 0, 100, true, true), 0, 100, 0},
+      {paramsOf(101, 0, 100, false, true), 0, 0, 0},
+      {paramsOf(101, -1, 1, false), 5, -1, 105},
+      {paramsOf(301, 1, 1000, true, false, 10), 0, 10, 100},
       {paramsOf(301, 1, 1000, true, false, 10), 0, 100, 200},
       {paramsOf(301, 1, 1000, false, false, 10), 0, 1000, 0},
       {paramsOf(301, 1, 1000, false, true, 10), 7, 1, 7},
@@ -56,7 +61,8 @@ TEST(CoordinateCalculator, EachKindOfAxisPutsValuesWhereItSays) {
     const double tolerance = params.isLogarithmicAxis ? 1e-9 : 0.0;
     EXPECT_NEAR(calculator->getCoordinateFrom(row.value), row.pixel, tolerance) << i;
     EXPECT_NEAR(calculator->getDataValueFrom(row.pixel), row.value, tolerance * 100) << i;
-    EXPECT_EQ(calculator->getCoordinateFromDate(VELDate(row.value)), calculator->getCoordinateFrom(row.value));
+    EXPECT_EQ(calculator->getCoordinateFromDate(VELDate(row.value)),
+              calculator->getCoordinateFrom(row.value));
     EXPECT_EQ(calculator->isXAxisCalculator(), params.isXAxis);
     EXPECT_EQ(calculator->isHorizontalAxisCalculator(), params.isHorizontal);
     EXPECT_EQ(calculator->hasFlippedCoordinates(), params.flipCoordinates);
@@ -68,8 +74,10 @@ TEST(CoordinateCalculator, EachKindOfAxisPutsValuesWhereItSays) {
 
 TEST(CoordinateCalculator, HelperAndStageComputeTheSameBitsAsTheCalculator) {
   const std::vector<VELAxisParams> kinds = {
-      paramsOf(733, -3.7, 19.1, false), paramsOf(733, -3.7, 19.1, true),
-      paramsOf(733, 0.3, 191, true, false, 2), paramsOf(733, 0.3, 191, true, true, 10),
+      paramsOf(733, -3.7, 19.1, false),
+      paramsOf(733, -3.7, 19.1, true),
+      paramsOf(733, 0.3, 191, true, false, 2),
+      paramsOf(733, 0.3, 191, true, true, 10),
       paramsOf(733, 5, 5, true),  // no width: infinities and NaN must agree as well
   };
   const std::vector<double> values = {-5, -0.0, 0.1, 5, 17.3, 1e300, -1e300, INFINITY, kNaN};
@@ -97,8 +105,9 @@ TEST(CoordinateCalculator, HelperAndStageComputeTheSameBitsAsTheCalculator) {
   }
   double foreign = 0.0;
   const double factor = 3.0;
-  VELWithCalculatorStage({&factor, [](const void* f, double v) { return v * *static_cast<const double*>(f); }},
-                         [&](auto stage) { foreign = stage(2.0); });
+  VELWithCalculatorStage(
+      {&factor, [](const void* f, double v) { return v * *static_cast<const double*>(f); }},
+      [&](auto stage) { foreign = stage(2.0); });
   EXPECT_EQ(foreign, 6.0);
   VELWithCalculatorStage({}, [](auto) { FAIL() << "no function, no stage"; });
 }

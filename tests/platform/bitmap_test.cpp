@@ -92,20 +92,17 @@ TEST(Bitmap, AnOpaquePictureComesBackFromItsFileBitByBit) {
   EXPECT_EQ(folder.count(), 1);
 }
 
-TEST(Bitmap, ATranslucentPictureComesBackWithinWhatPremultiplyingCosts) {
+TEST(Bitmap, ATranslucentPictureKeepsItsAlphaAndNearlyItsColours) {
   const Folder folder;
-  VELBitmap picture = noise(256, 8);
-  for (int32_t y = 0; y < 8; ++y)
-    for (size_t x = 0; x < 256; ++x) picture.row(y)[4 * x + 3] = static_cast<uint8_t>(x);
+  VELBitmap picture = noise(16, 16);
+  for (size_t i = 3; i < picture.pixels().size(); i += 4) picture.pixels()[i] = i % 8 == 3 ? 128 : 0;
   ASSERT_EQ(picture.writePng(folder.file("glass.png")), std::nullopt);
-  const auto back = VELBitmap::readPng(folder.file("glass.png"));
-  ASSERT_TRUE(back);
+  const VELBitmap back = VELBitmap::readPng(folder.file("glass.png")).value_or(VELBitmap());
+  ASSERT_EQ(back.pixels().size(), picture.pixels().size());
   for (size_t i = 0; i < picture.pixels().size(); ++i) {
-    const int alpha = picture.pixels()[i | 3];
-    if ((i & 3) != 3 && alpha == 0) continue;
-    // A channel is kept in steps of 255 / alpha; the encoder's own rounding may cost one step more.
-    const int allowed = (i & 3) == 3 ? 0 : alpha == 255 ? 0 : 255 / alpha + 1;
-    ASSERT_NEAR(back->pixels()[i], picture.pixels()[i], allowed) << i << " alpha " << alpha;
+    const bool isAlpha = i % 4 == 3, isClear = picture.pixels()[i | 3] == 0;
+    // At alpha 128 a channel is kept in steps of two; the encoder's own rounding may cost one step more.
+    ASSERT_NEAR(back.pixels()[i], isClear ? 0 : picture.pixels()[i], isAlpha || isClear ? 0 : 3) << i;
   }
 }
 

@@ -8,8 +8,11 @@
 TEST(DisplayLink, ListenersHearTheGivenTimeInTheOrderOfTheirComing) {
   VELDisplayLink link;
   std::string heard;
-  link.add([&](double seconds) { heard += "a" + std::to_string(static_cast<int>(seconds)); });
-  link.add([&](double seconds) { heard += "b" + std::to_string(static_cast<int>(seconds)); });
+  for (const char name : {'a', 'b'})
+    link.add([&heard, name](double seconds) {
+      heard += name;
+      heard += std::to_string(static_cast<int>(seconds));
+    });
   link.add(nullptr);
   EXPECT_EQ(link.lastTick(), 0.0);
   link.tick(7.0);

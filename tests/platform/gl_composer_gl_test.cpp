@@ -86,7 +86,7 @@ void expectText(const VELBitmap& picture, const std::string& text, VELPoint cent
     for (int32_t x = 0; x < mask.width; ++x) {
       const auto [column, row] = turned(x, y, mask, quarters);
       const uint32_t code = picture.colorCodeAt(left + column, top + row);
-      const int expected = 255 - mask.coverage[static_cast<size_t>(y * mask.width + x)];
+      const int expected = 255 - mask.at(x, y);
       ASSERT_NEAR(static_cast<int>(code & 0xFFu), expected, 1) << text << " at " << x << ", " << y;
       ASSERT_EQ(code >> 24, 0xFFu) << "text over an opaque picture leaves it opaque";
     }

@@ -58,15 +58,9 @@ TEST(GLContext, ContextsKeepTheirPixelsApartAndTheLastMadeCurrentIsTheCurrentOne
   EXPECT_EQ(first->gl().getError(), VELGL_NO_ERROR);
 }
 
-TEST(GLContext, AContextThatIsGoneIsNotCurrentAnyMore) {
-  auto context = VELGLContext::create();
-  ASSERT_TRUE(context && context->makeCurrent());
-  context.reset();
-  EXPECT_EQ(VELGLContext::current(), nullptr);
-}
-
 TEST(GLContext, ALayerIsFreedInItsOwnContextWhicheverIsCurrent) {
-  const auto owner = VELGLContext::create(), other = VELGLContext::create();
+  auto owner = VELGLContext::create();
+  const auto other = VELGLContext::create();
   ASSERT_TRUE(owner && other && owner->makeCurrent());
   auto layer = std::make_unique<VELGLLayer>(owner);
   layer->allocate(8, 8);
@@ -79,17 +73,8 @@ TEST(GLContext, ALayerIsFreedInItsOwnContextWhicheverIsCurrent) {
   EXPECT_EQ(VELGLContext::current(), other.get());
   ASSERT_TRUE(owner->makeCurrent());
   EXPECT_FALSE(owner->gl().isTexture(texture));
-}
-
-TEST(GLContext, ALayerHasAtLeastOnePixelAndAtMostWhatGLTakes) {
-  const auto context = VELGLContext::create();
-  ASSERT_TRUE(context && context->makeCurrent());
-  const int32_t largest = context->gl().getInteger(VELGL_MAX_TEXTURE_SIZE);
-  VELGLLayer layer(context);
-  layer.allocate(-5, 2000000000);
-  EXPECT_EQ(layer.width(), 1);
-  EXPECT_EQ(layer.height(), largest);
-  EXPECT_EQ(context->gl().getError(), VELGL_NO_ERROR);
+  owner.reset();
+  EXPECT_EQ(VELGLContext::current(), nullptr) << "a context that is gone is not current";
 }
 
 TEST(GLContext, AMultisampledFrameIsResolvedIntoALayer) {
@@ -115,19 +100,6 @@ TEST(GLContext, AMultisampledFrameIsResolvedIntoALayer) {
   gl.deleteFramebuffer(samples);
   gl.deleteRenderbuffer(storage);
   EXPECT_EQ(gl.getError(), VELGL_NO_ERROR);
-}
-
-TEST(GLContext, AShaderThatIsWrongSaysWhyWithinTheLimit) {
-  const auto context = VELGLContext::create();
-  ASSERT_TRUE(context && context->makeCurrent());
-  VELGL& gl = context->gl();
-  const uint32_t shader = gl.createShader(VELGL_FRAGMENT_SHADER);
-  gl.shaderSource(shader, "no shader at all");
-  gl.compileShader(shader);
-  EXPECT_EQ(gl.getShader(shader, VELGL_COMPILE_STATUS), 0);
-  EXPECT_GT(gl.getShaderInfoLog(shader, 1024).size(), 10u);
-  EXPECT_LE(gl.getShaderInfoLog(shader, 10).size(), 10u);
-  gl.deleteShader(shader);
 }
 
 TEST(GLContextDeathTest, AMachineWithoutADriverIsToldWhatToInstall) {

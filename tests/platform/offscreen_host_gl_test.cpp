@@ -81,16 +81,3 @@ TEST(OffscreenHost, ABeatLaysOutThenCallsThenLaysOutWhatTheCallChanged) {
   host->tick(0.25);
   EXPECT_EQ(log, "LTL");
 }
-
-TEST(OffscreenHost, SeveralHostsDrawEachTheirOwn) {
-  const auto first = VELOffscreenHost::create({4.0, 4.0}, 1.0);
-  auto second = VELOffscreenHost::create({4.0, 4.0}, 1.0);
-  ASSERT_TRUE(first && second);
-  first->setBackgroundColor(VELColor(1.0, 0.0, 0.0));
-  second->setBackgroundColor(VELColor(0.0, 1.0, 0.0));
-  EXPECT_EQ(first->picture().colorCodeAt(0, 0), 0xFF0000FFu);
-  EXPECT_EQ(second->picture().colorCodeAt(0, 0), 0xFF00FF00u);
-  second.reset();
-  EXPECT_EQ(first->picture().colorCodeAt(0, 0), 0xFF0000FFu);
-  EXPECT_EQ(first->glContext()->gl().getError(), VELGL_NO_ERROR);
-}

@@ -83,16 +83,6 @@ TEST(View, NoViewComesBelowItself) {
   EXPECT_EQ(top->superview(), nullptr);
 }
 
-TEST(View, ASubviewForgetsAViewThatIsGone) {
-  const auto low = makeView("l");
-  {
-    const auto top = makeView("t");
-    top->addSubview(low);
-  }
-  EXPECT_EQ(low->superview(), nullptr);
-  low->removeFromSuperview();
-}
-
 TEST(View, OnlyWhatAskedIsLaidOutAndASizeAsksAPlaceDoesNot) {
   const auto top = makeView("t"), low = makeView("l");
   top->addSubview(low);

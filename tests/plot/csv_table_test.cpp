@@ -28,6 +28,7 @@ TEST(CsvTable, ReadsWhatPeopleWriteAsOneTable) {
       "a,b\n +1 ,2.0\n3e0,0.4E1\n",         // blanks and other spellings
       "a,b\n1,2,99\n3,4,99,99\n",           // more cells than names
       "a,b\r1,2\r3,4\r",                    // CR alone
+      "\n\na;b\n1;2\n3;4\n",              // the header comes later
   };
   for (const std::string_view text : variants) {
     const CsvTable table = parseCsv(text, "test");
@@ -43,6 +44,12 @@ TEST(CsvTable, QuotedFieldsHoldCommasQuotesAndLineBreaks) {
   EXPECT_EQ(namesOf(table), (std::vector<std::string>{"x, of \"all\"", "two\nlines", "n"}));
   EXPECT_EQ(table.rowLines, (std::vector<size_t>{3, 5}));
   EXPECT_EQ(table.columns[1].numbers, 0u);
+
+  const CsvTable semicolons = parseCsv("\"time, s\";\"m\nV\"\n1;2\n", "test");
+  EXPECT_EQ(namesOf(semicolons), (std::vector<std::string>{"time, s", "m\nV"}));
+  for (const std::string_view text : {"a\r1\r2\r", "a\n1\n2\n", "a\r\n1\r\n2\r\n"})
+    EXPECT_EQ(parseCsv(text, "test").rowLines, (std::vector<size_t>{2, 3})) << text;
+  EXPECT_EQ(parseCsv("a\tb\n1\t2\n\t\n3\t4\n", "test").rowLines, (std::vector<size_t>{2, 3, 4}));
 }
 
 TEST(CsvTable, OnlyFiniteNumbersAreNumbers) {

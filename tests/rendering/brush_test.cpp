@@ -25,14 +25,6 @@ TEST(SolidBrush, HasTheColourThatItWasGiven) {
   EXPECT_EQ(VELClonePen(nullptr), nullptr);
 }
 
-TEST(SolidBrush, SharesItsStateWithSolidBrushesOnly) {
-  const TestGradient gradient(1);
-  EXPECT_TRUE(VELBrushSolid().equalsToBrush(VELPenSolid()));
-  EXPECT_TRUE(VELPenSolid().equalsToBrush(VELBrushSolid()));
-  EXPECT_FALSE(VELBrushSolid().equalsToBrush(gradient));
-  EXPECT_FALSE(VELPenSolid().equalsToBrush(gradient));
-}
-
 class Atlas : public testing::Test {
  protected:
   /// What the texture holds after an application, or nothing when none was uploaded.
@@ -74,8 +66,8 @@ TEST_F(Atlas, GivesRowsFromOneOnceAFrameAndAgainAfterAClear) {
 TEST_F(Atlas, IsSampledWithTheNearestTexelAndClamped) {
   uploaded();
   EXPECT_EQ(gl.gl().texts("texParameteri"),
-            (std::vector<std::string>{"texParameteri(2D,MIN,NEAREST)", "texParameteri(2D,MAG,NEAREST)",
-                                      "texParameteri(2D,WRAP_S,CLAMP)", "texParameteri(2D,WRAP_T,CLAMP)"}));
+            (CallTexts{"texParameteri(2D,MIN,NEAREST)", "texParameteri(2D,MAG,NEAREST)",
+                       "texParameteri(2D,WRAP_S,CLAMP)", "texParameteri(2D,WRAP_T,CLAMP)"}));
 }
 
 TEST_F(Atlas, MakesItsTextureAgainWhenGLLostIt) {

@@ -107,14 +107,14 @@ TEST_F(Queue, DrawingCallsNoGLAndAReplayUploadsOnlyWhatIsNew) {
   EXPECT_TRUE(gl.gl().calls.empty());
   strips();
   EXPECT_EQ(gl.gl().texts("bufferSubData"),
-            (std::vector<std::string>{"bufferSubData(ARRAY,0,64)", "bufferSubData(ELEMENT,0,8)"}));
+            (CallTexts{"bufferSubData(ARRAY,0,64)", "bufferSubData(ELEMENT,0,8)"}));
   strips();
   EXPECT_EQ(gl.gl().uploadedBytes(), 0u) << "unchanged";
   line(pen);
   context.drawRectWithBrush(pen, 0, 0, 1, 1);
   strips();
   EXPECT_EQ(gl.gl().texts("bufferSubData"),
-            (std::vector<std::string>{"bufferSubData(ARRAY,64,128)", "bufferSubData(ELEMENT,8,20)"}));
+            (CallTexts{"bufferSubData(ARRAY,64,128)", "bufferSubData(ELEMENT,8,20)"}));
 }
 
 TEST_F(Queue, TheReplayCallsGLInThisOrder) {
@@ -122,18 +122,19 @@ TEST_F(Queue, TheReplayCallsGLInThisOrder) {
   strips();  // builds the program and the atlas
   VELOpenGLContextController::o_enableContext(gl.context);
   strips();
-  EXPECT_EQ(gl.gl().texts(),
-            (std::vector<std::string>{"bindBuffer(ARRAY,1)", "bindBuffer(ELEMENT,2)",
-                                      "vertexAttribPointer(0,2,FLOAT,0,16,0)", "vertexAttribPointer(1,4,BYTE,1,16,8)",
-                                      "vertexAttribPointer(2,2,SHORT,1,16,12)", "enableVertexAttribArray(0)",
-                                      "enableVertexAttribArray(1)", "enableVertexAttribArray(2)", "useProgram(1)",
-                                      "uniformMatrix4fv(7)", "activeTexture(TEXTURE0)", "bindTexture(2D,1)",
-                                      "uniform1i(8,0)", "drawElements(STRIP,4,SHORT,0)"}));
+  EXPECT_EQ(
+      gl.gl().texts(),
+      (CallTexts{"bindBuffer(ARRAY,1)", "bindBuffer(ELEMENT,2)", "vertexAttribPointer(0,2,FLOAT,0,16,0)",
+                 "vertexAttribPointer(1,4,BYTE,1,16,8)", "vertexAttribPointer(2,2,SHORT,1,16,12)",
+                 "enableVertexAttribArray(0)", "enableVertexAttribArray(1)", "enableVertexAttribArray(2)",
+                 "useProgram(1)", "uniformMatrix4fv(7)", "activeTexture(TEXTURE0)", "bindTexture(2D,1)",
+                 "uniform1i(8,0)", "drawElements(STRIP,4,SHORT,0)"}));
 }
 
 TEST_F(Queue, AnAreaMovesTheOriginAndUploadsItsMatrixOnlyToAnActiveProgram) {
   const VELMatrix projection = VELMatrixOrthographic(200, 100, 4, 10);
-  EXPECT_EQ(projection, (VELMatrix{0.01f, 0, 0, 0, 0, 0.02f, 0, 0, 0, 0, -0.33333334f, 0, 0, 0, -2.3333333f, 1}));
+  EXPECT_EQ(projection,
+            (VELMatrix{0.01f, 0, 0, 0, 0, 0.02f, 0, 0, 0, 0, -0.33333334f, 0, 0, 0, -2.3333333f, 1}));
   VELMatrix view = VELMatrixIdentity();
   view[12] = -100, view[13] = -50, view[14] = -7;
   context.setProjectionMatrix(projection, view);
@@ -179,17 +180,16 @@ TEST_F(Queue, EveryCommandOfTheFamilyDrawsItsOwnKind) {
   VELDrawTriangleFanCommand fan(1, 2);
   VELDrawTriangleStripCommand strip(1, 2);
   gl.gl().calls.clear();
-  for (VELDrawingCommand* command : std::initializer_list<VELDrawingCommand*>{&lines, &loop, &polyline, &triangles,
-                                                                             &fan, &strip}) {
+  for (VELDrawingCommand* command :
+       std::initializer_list<VELDrawingCommand*>{&lines, &loop, &polyline, &triangles, &fan, &strip}) {
     command->o_increaseCount(3);
     command->o_performCommand();
   }
   for (const uint64_t mode : {0u, 7u, 1u}) VELAlphaBlendingModeCommand(mode).o_performCommand();
-  EXPECT_EQ(gl.gl().texts(),
-            (std::vector<std::string>{"drawElements(LINES,5,SHORT,2)", "drawElements(LINE_LOOP,5,SHORT,2)",
-                                      "drawElements(LINE_STRIP,5,SHORT,2)", "drawElements(TRIANGLES,5,SHORT,2)",
-                                      "drawElements(FAN,5,SHORT,2)", "drawElements(STRIP,5,SHORT,2)",
-                                      "disable(BLEND)", "enable(BLEND)"}));
+  EXPECT_EQ(gl.gl().texts(), (CallTexts{"drawElements(LINES,5,SHORT,2)", "drawElements(LINE_LOOP,5,SHORT,2)",
+                                        "drawElements(LINE_STRIP,5,SHORT,2)",
+                                        "drawElements(TRIANGLES,5,SHORT,2)", "drawElements(FAN,5,SHORT,2)",
+                                        "drawElements(STRIP,5,SHORT,2)", "disable(BLEND)", "enable(BLEND)"}));
   VELSetDrawingAreaCommand zero({}, {}, nullptr);
   EXPECT_TRUE(zero.isEqual(nullptr));
   EXPECT_FALSE(VELSetDrawingAreaCommand({1, 0, 0, 0}, {}, nullptr).isEqual(&zero));

@@ -49,8 +49,8 @@ TEST(GLContextController, BuildsTheDefaultProgramOnceWithTheFixedSlots) {
   VELShaderAttributes a, b;
   VELBrushShaderController::o_applyDefaultBrushShader(a);
   EXPECT_EQ(gl.gl().texts("bindAttribLocation"),
-            (std::vector<std::string>{"bindAttribLocation(1,0,Position)", "bindAttribLocation(1,1,SourceColor)",
-                                      "bindAttribLocation(1,2,TexCoordIn)"}));
+            (CallTexts{"bindAttribLocation(1,0,Position)", "bindAttribLocation(1,1,SourceColor)",
+                       "bindAttribLocation(1,2,TexCoordIn)"}));
   const auto source = elementsOf<char>(gl.gl().last("shaderSource(2)").bytes);
   EXPECT_EQ(std::string(source.begin(), source.end()), VELDefaultBrushShader().o_getFragmentShader());
   EXPECT_TRUE(a.sa_defaultShaderActivated);
@@ -63,7 +63,7 @@ TEST(GLContextController, BuildsTheDefaultProgramOnceWithTheFixedSlots) {
   EXPECT_TRUE(gl.gl().calls.empty()) << "in use, and the matrix is the one uploaded last";
   b.sa_totalMatrix[12] = 3;
   VELBrushShaderController::o_applyDefaultBrushShader(b);
-  EXPECT_EQ(gl.gl().texts(), (std::vector<std::string>{"uniformMatrix4fv(7)"}));
+  EXPECT_EQ(gl.gl().texts(), (CallTexts{"uniformMatrix4fv(7)"}));
 }
 
 TEST(GLContextController, LogsWhatTheDriverSaysOfABrokenShaderAndGoesOn) {

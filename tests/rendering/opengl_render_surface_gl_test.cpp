@@ -5,62 +5,52 @@
 #include <cmath>
 
 #include "tests/rendering/test_gradient.h"
-#include "velmora/platform/display_link.h"
-#include "velmora/platform/host.h"
+#include "velmora/platform/offscreen/offscreen_host.h"
 #include "velmora/rendering/opengl_render_surface.h"
 #include "velmora/rendering/render_surface_style.h"
 
 namespace {
 
 using Pixel = std::array<uint8_t, 4>;
-constexpr Pixel black = {0, 0, 0, 255}, red = {255, 0, 0, 255}, green = {0, 255, 0, 255}, blue = {0, 0, 255, 255};
+constexpr Pixel black = {0, 0, 0, 255}, red = {255, 0, 0, 255}, green = {0, 255, 0, 255},
+                blue = {0, 0, 255, 255};
 constexpr uint32_t redCode = 0xFF0000FFu, greenCode = 0xFF00FF00u, blueCode = 0xFFFF0000u;
-
-struct DriverHost final : VELHost {
-  std::shared_ptr<VELGLContext> context = VELGLContext::create();
-  std::shared_ptr<VELDisplayLink> link = std::make_shared<VELDisplayLink>();
-  std::shared_ptr<VELView> root;
-  double scale = 1.0;
-
-  const std::shared_ptr<VELGLContext>& glContext() const override { return context; }
-  const std::shared_ptr<VELDisplayLink>& displayLink() const override { return link; }
-  double contentScale() const override { return scale; }
-  const std::shared_ptr<VELView>& rootView() const override { return root; }
-};
 
 class GLSurface : public testing::Test {
  protected:
-  void SetUp() override { ASSERT_NE(host.context, nullptr) << "no OpenGL ES driver"; }
   void TearDown() override {
     if (!surface) return;
-    EXPECT_EQ(host.context->gl().getError(), uint32_t{VELGL_NO_ERROR});
+    EXPECT_EQ(host->glContext()->gl().getError(), uint32_t{VELGL_NO_ERROR});
   }
 
   void create(double width, double height, double scale) {
-    host.scale = scale;
-    surface = VELOpenGLRenderSurface::initWithFrame({0, 0, width, height}, host);
+    surface.reset();
+    host = VELOffscreenHost::create({width, height}, scale);
+    ASSERT_NE(host, nullptr) << "no OpenGL ES driver";
+    surface = VELOpenGLRenderSurface::initWithFrame({0, 0, width, height}, *host);
     surface->setMultisampling(false);
   }
   void frame() {
     surface->invalidateElement();
-    host.link->tick(++time);
-    VELGL& gl = host.context->gl();
-    ASSERT_TRUE(host.context->makeCurrent());
+    host->displayLink()->tick(++time);
+    VELGL& gl = host->glContext()->gl();
+    ASSERT_TRUE(host->glContext()->makeCurrent());
     const uint32_t reader = gl.genFramebuffer();
     gl.bindFramebuffer(VELGL_FRAMEBUFFER, reader);
     gl.framebufferTexture2D(VELGL_FRAMEBUFFER, VELGL_COLOR_ATTACHMENT0, VELGL_TEXTURE_2D,
                             surface->layer().texture());
-    pixels.resize(static_cast<size_t>(surface->layer().width() * surface->layer().height()));
+    pixels.resize(static_cast<size_t>(surface->layer().width()) *
+                  static_cast<size_t>(surface->layer().height()));
     gl.readPixels(0, 0, surface->layer().width(), surface->layer().height(), pixels.data());
     gl.deleteFramebuffer(reader);
   }
   /// From the top left.
   Pixel at(int32_t x, int32_t y) const {
-    const int32_t row = surface->layer().height() - 1 - y;
-    return pixels.at(static_cast<size_t>(row * surface->layer().width() + x));
+    const auto row = static_cast<size_t>(surface->layer().height() - 1 - y);
+    return pixels.at(row * static_cast<size_t>(surface->layer().width()) + static_cast<size_t>(x));
   }
 
-  DriverHost host;
+  std::shared_ptr<VELOffscreenHost> host;
   std::shared_ptr<VELOpenGLRenderSurface> surface;
   std::vector<Pixel> pixels;
   double time = 0.0;
@@ -139,7 +129,7 @@ TEST_F(GLSurface, GradientsAndSolidColoursShareTheAtlasWithoutBleeding) {
 
 TEST_F(GLSurface, MultisamplingSmoothsEdgesAndOnlyEdges) {
   create(20, 20, 1);
-  if (!host.context->gl().hasMultisampling()) GTEST_SKIP() << "this driver cannot";
+  if (!host->glContext()->gl().hasMultisampling()) GTEST_SKIP() << "this driver cannot";
   surface->setMultisampling(true);
   surface->renderContext()->drawRectWithBrush(VELBrush2D::solid(redCode), 0.0f, 0.0f, 10.5f, 20.0f);
   frame();
@@ -156,7 +146,7 @@ TEST_F(GLSurface, AFrameDependsOnNoStateThatOthersLeft) {
   surface->renderContext()->drawRectWithBrush(VELBrush2D::solid(redCode), 0, 0, 10, 10);
   frame();
   const auto before = pixels;
-  VELGL& gl = host.context->gl();
+  VELGL& gl = host->glContext()->gl();
   gl.enable(VELGL_CULL_FACE);
   gl.disable(VELGL_BLEND);
   gl.disable(VELGL_SCISSOR_TEST);

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "tests/rendering/recorded_frame.h"
+#include "tests/rendering/test_gradient.h"
 #include "velmora/rendering/thick_segment.h"
 
 namespace {
@@ -88,19 +89,20 @@ TEST_F(Primitives, APolylineTurnsItsStripOverWhereItComesBackUpFromTheLeft) {
   EXPECT_EQ(extended[0].vertices, batched[0].vertices);
 }
 
-// Both ways to draw a polyline show the same triangles, whatever the data and however small the buffers.
+// Both ways to draw a polyline show the same triangles, whatever the data and the pen.
 TEST_F(Primitives, ABatchDrawsWhatExtensionsDraw) {
   std::vector<double> xs, ys;
   for (int i = 0; i < 400; ++i) {
     xs.push_back((i * 37) % 101);
     ys.push_back(i % 13 == 5 ? nan : i % 29 == 7 ? inf : (i * 53) % 89);
   }
-  for (const int32_t size : {1 << 16, 4096}) {
-    VELOpenGLRenderContext batched(size, gl.context), extended(size, gl.context);
-    batched.drawPolylineWithBrush(pen, *doubles(xs), *doubles(ys), 0);
-    extended.beginPolylineWithBrush(pen, static_cast<float>(xs[0]), static_cast<float>(ys[0]));
+  const VELPenPtr gradient = std::make_shared<TestGradient>(1);
+  for (const VELPenPtr& with : {pen, gradient}) {
+    VELOpenGLRenderContext batched(1 << 16, gl.context), extended(1 << 16, gl.context);
+    batched.drawPolylineWithBrush(with, *doubles(xs), *doubles(ys), 0);
+    extended.beginPolylineWithBrush(with, static_cast<float>(xs[0]), static_cast<float>(ys[0]));
     for (size_t i = 1; i < xs.size(); ++i)
-      extended.extendPolylineWithBrush(pen, static_cast<float>(xs[i]), static_cast<float>(ys[i]));
+      extended.extendPolylineWithBrush(with, static_cast<float>(xs[i]), static_cast<float>(ys[i]));
     const auto a = replay(batched, gl.gl());
     const auto b = replay(extended, gl.gl());
     ASSERT_EQ(a.size(), b.size());

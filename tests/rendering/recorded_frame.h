@@ -13,8 +13,6 @@
 
 #include "tests/support/recording_gl.h"
 #include "velmora/data/array_controller.h"
-#include "velmora/platform/display_link.h"
-#include "velmora/platform/host.h"
 #include "velmora/rendering/opengl_context_controller.h"
 #include "velmora/rendering/opengl_render_context.h"
 
@@ -37,21 +35,6 @@ struct RegisteredGL {
   RegisteredGL& operator=(const RegisteredGL&) = delete;
   ~RegisteredGL() { VELOpenGLContextController::o_freeContext(context); }
   RecordingGL& gl() { return context->gl(); }
-};
-
-/// A host without a screen on a recording GL context.
-struct RecordingHost final : VELHost {
-  std::shared_ptr<RecordingGLContext> recording = std::make_shared<RecordingGLContext>();
-  std::shared_ptr<VELGLContext> context = recording;
-  std::shared_ptr<VELDisplayLink> link = std::make_shared<VELDisplayLink>();
-  std::shared_ptr<VELView> root = std::make_shared<VELView>();
-  double scale = 1.0;
-
-  const std::shared_ptr<VELGLContext>& glContext() const override { return context; }
-  const std::shared_ptr<VELDisplayLink>& displayLink() const override { return link; }
-  double contentScale() const override { return scale; }
-  const std::shared_ptr<VELView>& rootView() const override { return root; }
-  RecordingGL& gl() { return recording->gl(); }
 };
 
 template <typename T>

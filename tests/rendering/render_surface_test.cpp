@@ -3,6 +3,7 @@
 
 #include "tests/rendering/recorded_frame.h"
 #include "tests/support/allocation_counter.h"
+#include "tests/support/recording_host.h"
 #include "velmora/platform/composer.h"
 #include "velmora/platform/exception.h"
 #include "velmora/rendering/opengl_render_surface.h"
@@ -20,7 +21,6 @@ class Surface : public testing::Test {
  protected:
   Surface() {
     host.gl().multisampling = true;
-    host.scale = 2.0;
     surface = VELOpenGLRenderSurface::initWithFrame({0, 0, 200, 300}, host);
     surface->setDelegate(delegate);
     surface->setRenderedCallback([this](int32_t reason) { rendered += std::to_string(reason); });
@@ -29,11 +29,11 @@ class Surface : public testing::Test {
     delegate->calls.clear();
     rendered.clear();
     host.gl().calls.clear();
-    host.link->tick(++time);
+    host.displayLink()->tick(++time);
     return delegate->calls + rendered;
   }
 
-  RecordingHost host;
+  RecordingHost host{2.0};
   std::shared_ptr<Delegate> delegate = std::make_shared<Delegate>();
   std::shared_ptr<VELOpenGLRenderSurface> surface;
   std::string rendered;
@@ -80,7 +80,8 @@ TEST_F(Surface, TheFlagsAreClearedBeforeTheDelegateDraws) {
 TEST_F(Surface, AFrameSetsEverythingAndReplaysThreeContextsInOrder) {
   tick();
   const VELPenPtr pen = VELPen2D::solid(1, 1);
-  for (const auto& context : {surface->renderContext(), surface->modifierContext(), surface->backgroundContext()}) {
+  for (const auto& context :
+       {surface->renderContext(), surface->modifierContext(), surface->backgroundContext()}) {
     context->drawLineWithBrush(pen, 0, 0, 1, 1);
     context->setDrawingArea({5, 10, 50, 100});
   }
@@ -88,38 +89,39 @@ TEST_F(Surface, AFrameSetsEverythingAndReplaysThreeContextsInOrder) {
   tick();
   const auto& gl = host.gl();
   const auto calls = gl.texts();
-  const std::vector<std::string> opening = {"disable(CULL_FACE)",
-                                            "disable(DEPTH_TEST)",
-                                            "disable(STENCIL_TEST)",
-                                            "disable(DITHER)",
-                                            "enable(SCISSOR_TEST)",
-                                            "blendFuncSeparate(SRC_ALPHA,ONE_MINUS_SRC_ALPHA,ONE_MINUS_DST_ALPHA,LINES)",
-                                            "enable(BLEND)",
-                                            "bindFramebuffer(FRAME,2)",
-                                            "clearColor(0.5,0.25,0,1)",
-                                            "viewport(0,0,400,600)",
-                                            "scissor(0,0,400,600)",
-                                            "clear(COLOR)"};
+  const CallTexts opening = {"disable(CULL_FACE)",
+                             "disable(DEPTH_TEST)",
+                             "disable(STENCIL_TEST)",
+                             "disable(DITHER)",
+                             "enable(SCISSOR_TEST)",
+                             "blendFuncSeparate(SRC_ALPHA,ONE_MINUS_SRC_ALPHA,ONE_MINUS_DST_ALPHA,LINES)",
+                             "enable(BLEND)",
+                             "bindFramebuffer(FRAME,2)",
+                             "clearColor(0.5,0.25,0,1)",
+                             "viewport(0,0,400,600)",
+                             "scissor(0,0,400,600)",
+                             "clear(COLOR)"};
   ASSERT_GE(calls.size(), opening.size());
-  EXPECT_EQ(std::vector<std::string>(calls.begin(), calls.begin() + static_cast<long>(opening.size())), opening);
+  EXPECT_EQ(CallTexts(calls.begin(), calls.begin() + static_cast<long>(opening.size())), opening);
   // Contexts were made as render, modifier, background, each with two buffer names.
   EXPECT_EQ(gl.texts("bindBuffer(ARRAY"),
-            (std::vector<std::string>{"bindBuffer(ARRAY,5)", "bindBuffer(ARRAY,1)", "bindBuffer(ARRAY,3)"}));
+            (CallTexts{"bindBuffer(ARRAY,5)", "bindBuffer(ARRAY,1)", "bindBuffer(ARRAY,3)"}));
   EXPECT_EQ(gl.texts("scissor"),
-            (std::vector<std::string>{"scissor(0,0,400,600)", "scissor(10,380,100,200)", "scissor(0,0,400,600)",
-                                      "scissor(10,380,100,200)", "scissor(0,0,400,600)", "scissor(10,380,100,200)",
-                                      "scissor(0,0,400,600)"}));
-  const std::vector<std::string> closing = {"bindFramebuffer(DRAW,1)", "bindFramebuffer(READ,2)", "blitColor(400,600)",
-                                            "invalidateFramebuffer(READ,COLOR0)", "disableVertexAttribArray(0)",
-                                            "disableVertexAttribArray(1)", "disableVertexAttribArray(2)",
-                                            "disable(BLEND)", "disable(SCISSOR_TEST)"};
-  EXPECT_EQ(std::vector<std::string>(calls.end() - static_cast<long>(closing.size()), calls.end()), closing);
+            (CallTexts{"scissor(0,0,400,600)", "scissor(10,380,100,200)", "scissor(0,0,400,600)",
+                       "scissor(10,380,100,200)", "scissor(0,0,400,600)", "scissor(10,380,100,200)",
+                       "scissor(0,0,400,600)"}));
+  const CallTexts closing = {"bindFramebuffer(DRAW,1)",     "bindFramebuffer(READ,2)",
+                             "blitColor(400,600)",          "invalidateFramebuffer(READ,COLOR0)",
+                             "disableVertexAttribArray(0)", "disableVertexAttribArray(1)",
+                             "disableVertexAttribArray(2)", "disable(BLEND)",
+                             "disable(SCISSOR_TEST)"};
+  EXPECT_EQ(CallTexts(calls.end() - static_cast<long>(closing.size()), calls.end()), closing);
 }
 
 TEST_F(Surface, WithoutMultisamplingAFrameGoesStraightToTheLayer) {
   surface->setMultisampling(false);
   tick();
-  EXPECT_EQ(host.gl().texts("bindFramebuffer"), (std::vector<std::string>{"bindFramebuffer(FRAME,1)"}));
+  EXPECT_EQ(host.gl().texts("bindFramebuffer"), (CallTexts{"bindFramebuffer(FRAME,1)"}));
   EXPECT_EQ(host.gl().count("blitColor"), 0u);
 }
 
@@ -131,7 +133,7 @@ TEST_F(Surface, LayoutFollowsTheFrameAndRedraws) {
   EXPECT_EQ(surface->projectionFrame(), (VELRect{-50.125, -25, 100.25, 50}));
   EXPECT_EQ(surface->layer().width(), 201) << "200.5 pixels, rounded";
   EXPECT_EQ(host.gl().texts("renderbufferStorage"),
-            (std::vector<std::string>{"renderbufferStorageMultisample(4,RGBA8,201,100)"}));
+            (CallTexts{"renderbufferStorageMultisample(4,RGBA8,201,100)"}));
   EXPECT_EQ(tick(), "d1");
   const double nan = std::numeric_limits<double>::quiet_NaN();
   for (const VELRect& frame : {VELRect{0, 0, 0, 0}, VELRect{0, 0, nan, -5}, VELRect{0, 0, 1e300, 1}}) {
@@ -195,7 +197,7 @@ TEST_F(Surface, TheBackgroundIsARectangleAChartRectangleAndABorder) {
   surface->drawBackground(context, style);
   EXPECT_EQ(whole->area, (std::vector<double>{0, 0, 200, 300}));
   EXPECT_EQ(series->area, (std::vector<double>{10, 20, 40, 60})) << "right and bottom, on purpose";
-  VELOpenGLContextController::o_enableContext(host.context);
+  VELOpenGLContextController::o_enableContext(host.glContext());
   const auto drawn = replay(context, host.gl());
   ASSERT_EQ(drawn.size(), 1u);
   const auto places = placesOf(drawn[0]);
@@ -263,16 +265,23 @@ TEST(SurfaceEnd, NoGLObjectOutlivesTheSurface) {
   host.gl().multisampling = true;
   auto surface = VELOpenGLRenderSurface::initWithFrame({0, 0, 10, 10}, host);
   surface->renderContext()->drawLineWithBrush(VELPen2D::solid(1, 1), 0, 0, 1, 1);
-  host.link->tick(1.0);
+  host.displayLink()->tick(1.0);
   EXPECT_GE(host.gl().liveObjects(), 13u);
   surface.reset();
   EXPECT_EQ(host.gl().liveObjects(), 0u);
-  host.link->tick(2.0);
+  host.displayLink()->tick(2.0);
 }
 
 TEST(SurfaceEnd, WithoutGLThereIsNoSurfaceAndTheBaseDrawsNoBackground) {
-  RecordingHost host;
-  host.context = nullptr;
+  struct : VELHost {
+    std::shared_ptr<VELGLContext> none;
+    std::shared_ptr<VELDisplayLink> link;
+    std::shared_ptr<VELView> root;
+    const std::shared_ptr<VELGLContext>& glContext() const override { return none; }
+    const std::shared_ptr<VELDisplayLink>& displayLink() const override { return link; }
+    double contentScale() const override { return 1.0; }
+    const std::shared_ptr<VELView>& rootView() const override { return root; }
+  } host;
   EXPECT_EQ(VELOpenGLRenderSurface::initWithFrame({0, 0, 10, 10}, host), nullptr);
   const auto base = std::make_shared<VELRenderSurfaceBase>();
   base->clear();

@@ -1,4 +1,4 @@
-// rendering/test_gradient.h: the least brush that the atlas takes for a gradient.
+// rendering/test_gradient.h: the least pen that the atlas takes for a gradient.
 #pragma once
 
 #include <vector>
@@ -6,7 +6,7 @@
 #include "velmora/rendering/brush.h"
 #include "velmora/rendering/brush_shader_controller.h"
 
-class TestGradient final : public VELBrush2D {
+class TestGradient final : public VELPen2D {
  public:
   explicit TestGradient(uint32_t code, size_t length = 256) : _ramp(length, code) {}
 
@@ -16,6 +16,7 @@ class TestGradient final : public VELBrush2D {
     x = static_cast<uint16_t>(atX);
     y = static_cast<uint16_t>(_index * 256 | 1);
   }
+  float strokeThickness() const override { return 1.0f; }
   bool variativeColor() const override { return true; }
   VELShaderType shaderType() const override { return VELShaderType_LinearGradient; }
   bool equalsToBrush(const VELBrush2D& other) const override {

@@ -122,6 +122,11 @@ TEST(LineSeries, AStyleIsCopiedAndItsChangesShow) {
   EXPECT_EQ(series->style()->linePen()->colorCode(), 7u);
   EXPECT_FALSE(redraws([&] { style.setIsDigitalLine(true); }));
   EXPECT_FALSE(redraws([&] { old->setIsDigitalLine(false); })) << "a replaced style is no longer heard";
+
+  auto gone = std::make_shared<VELFastLineRenderableSeries>();
+  const auto block = gone->style()->styleChanged();
+  gone.reset();
+  block();  // a copy of the block finds nobody
 }
 
 TEST(SeriesBase, WidthOfAPointIsTheNarrowestGap) {

@@ -8,6 +8,7 @@ namespace {
 
 std::atomic<int64_t> allocations = 0;
 
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): these are the owners.
 void* allocate(std::size_t bytes) noexcept {
   allocations.fetch_add(1, std::memory_order_relaxed);
   return std::malloc(bytes == 0 ? 1 : bytes);
@@ -16,6 +17,7 @@ void* allocate(std::size_t bytes) noexcept {
 void* allocateAligned(std::size_t bytes, std::align_val_t alignment) noexcept {
   allocations.fetch_add(1, std::memory_order_relaxed);
   const auto unit = static_cast<std::size_t>(alignment);
+  if (bytes > SIZE_MAX - unit) return nullptr;
   // The C function wants a whole number of units.
   return std::aligned_alloc(unit, (bytes + unit) / unit * unit);
 }
@@ -30,13 +32,14 @@ void* orThrow(void* memory) {
 AllocationCounter::AllocationCounter() : _start(allocations) {}
 int64_t AllocationCounter::count() const { return allocations - _start; }
 
-// NOLINTBEGIN(cppcoreguidelines-owning-memory): these are the owners.
 void* operator new(std::size_t bytes) { return orThrow(allocate(bytes)); }
 void* operator new[](std::size_t bytes) { return orThrow(allocate(bytes)); }
 void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept { return allocate(bytes); }
 void* operator new[](std::size_t bytes, const std::nothrow_t&) noexcept { return allocate(bytes); }
 void* operator new(std::size_t bytes, std::align_val_t unit) { return orThrow(allocateAligned(bytes, unit)); }
-void* operator new[](std::size_t bytes, std::align_val_t unit) { return orThrow(allocateAligned(bytes, unit)); }
+void* operator new[](std::size_t bytes, std::align_val_t unit) {
+  return orThrow(allocateAligned(bytes, unit));
+}
 void* operator new(std::size_t bytes, std::align_val_t unit, const std::nothrow_t&) noexcept {
   return allocateAligned(bytes, unit);
 }

@@ -85,7 +85,9 @@ size_t pixelBytes(int32_t width, int32_t height) {
 
 }  // namespace
 
-RecordedCall& RecordingGL::add(std::string text) { return calls.emplace_back(RecordedCall{std::move(text), {}, {}}); }
+RecordedCall& RecordingGL::add(std::string text) {
+  return calls.emplace_back(RecordedCall{std::move(text), {}, {}});
+}
 
 uint32_t RecordingGL::gen(const std::string& kind) {
   const uint32_t name = ++_names[kind];
@@ -99,10 +101,10 @@ void RecordingGL::remove(const std::string& kind, uint32_t name) {
   add(call(("delete" + kind).c_str(), name));
 }
 
-std::vector<std::string> RecordingGL::texts() const { return texts(""); }
+CallTexts RecordingGL::texts() const { return texts(""); }
 
-std::vector<std::string> RecordingGL::texts(const std::string& prefix) const {
-  std::vector<std::string> found;
+CallTexts RecordingGL::texts(const std::string& prefix) const {
+  CallTexts found;
   for (const RecordedCall& recorded : calls)
     if (recorded.text.starts_with(prefix)) found.push_back(recorded.text);
   return found;
@@ -171,7 +173,9 @@ int32_t RecordingGL::getShader(uint32_t shader, uint32_t name) {
   return compiles;
 }
 
-void RecordingGL::attachShader(uint32_t program, uint32_t shader) { add(call("attachShader", program, shader)); }
+void RecordingGL::attachShader(uint32_t program, uint32_t shader) {
+  add(call("attachShader", program, shader));
+}
 
 void RecordingGL::bindAttribLocation(uint32_t program, uint32_t slot, std::string_view name) {
   add(call("bindAttribLocation", program, slot, name));
@@ -190,7 +194,9 @@ int32_t RecordingGL::getAttribLocation(uint32_t, std::string_view name) {
   return name == "Position" ? 0 : name == "SourceColor" ? 1 : 2;
 }
 
-int32_t RecordingGL::getUniformLocation(uint32_t, std::string_view name) { return name == "Projection" ? 7 : 8; }
+int32_t RecordingGL::getUniformLocation(uint32_t, std::string_view name) {
+  return name == "Projection" ? 7 : 8;
+}
 
 void RecordingGL::uniform1i(int32_t location, int32_t value) { add(call("uniform1i", location, value)); }
 

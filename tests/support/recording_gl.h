@@ -14,6 +14,8 @@
 
 #include "velmora/platform/gl_context.h"
 
+using CallTexts = std::vector<std::string>;
+
 struct RecordedCall {
   std::string text;
   std::vector<std::byte> bytes;  ///< of an upload
@@ -27,9 +29,9 @@ class RecordingGL final : public VELGL {
   uint32_t framebufferStatus = VELGL_FRAMEBUFFER_COMPLETE;
   int32_t compiles = 1;  ///< what the driver says of every shader and program
 
-  std::vector<std::string> texts() const;
+  CallTexts texts() const;
   /// Calls whose text starts with @p prefix, in order.
-  std::vector<std::string> texts(const std::string& prefix) const;
+  CallTexts texts(const std::string& prefix) const;
   size_t count(const std::string& prefix) const { return texts(prefix).size(); }
   /// The last call that starts with @p prefix, which must be there.
   const RecordedCall& last(const std::string& prefix) const;
@@ -75,14 +77,16 @@ class RecordingGL final : public VELGL {
   void activeTexture(uint32_t unit) override;
   void bindTexture(uint32_t target, uint32_t texture) override;
   void texParameteri(uint32_t target, uint32_t name, int32_t value) override;
-  void texImage2D(uint32_t target, uint32_t format, int32_t width, int32_t height, const void* pixels) override;
+  void texImage2D(uint32_t target, uint32_t format, int32_t width, int32_t height,
+                  const void* pixels) override;
   void texSubImage2D(uint32_t target, int32_t x, int32_t y, int32_t width, int32_t height, uint32_t format,
                      const void* pixels) override;
   void pixelStorei(uint32_t name, int32_t value) override;
   uint32_t genFramebuffer() override { return gen("Framebuffer"); }
   void deleteFramebuffer(uint32_t framebuffer) override { remove("Framebuffer", framebuffer); }
   void bindFramebuffer(uint32_t target, uint32_t framebuffer) override;
-  void framebufferTexture2D(uint32_t target, uint32_t attachment, uint32_t texTarget, uint32_t texture) override;
+  void framebufferTexture2D(uint32_t target, uint32_t attachment, uint32_t texTarget,
+                            uint32_t texture) override;
   void framebufferRenderbuffer(uint32_t target, uint32_t attachment, uint32_t renderbuffer) override;
   uint32_t checkFramebufferStatus(uint32_t) override { return framebufferStatus; }
   uint32_t genRenderbuffer() override { return gen("Renderbuffer"); }
@@ -90,7 +94,8 @@ class RecordingGL final : public VELGL {
   void bindRenderbuffer(uint32_t renderbuffer) override;
   void readPixels(int32_t x, int32_t y, int32_t width, int32_t height, void* pixels) override;
   bool hasMultisampling() override { return multisampling; }
-  void renderbufferStorageMultisample(int32_t samples, uint32_t format, int32_t width, int32_t height) override;
+  void renderbufferStorageMultisample(int32_t samples, uint32_t format, int32_t width,
+                                      int32_t height) override;
   void blitColor(int32_t width, int32_t height) override;
   void invalidateFramebuffer(uint32_t target, uint32_t attachment) override;
   void enable(uint32_t capability) override;

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "tests/support/recording_chart.h"
+#include "velmora/axes/axis_panel.h"
 #include "velmora/axes/numeric_axis.h"
 #include "velmora/data/resampler.h"
 #include "velmora/data/xy_data_series.h"
@@ -68,12 +69,19 @@ TEST(RenderPass, AStructureThatCannotDrawIsClearedAndSaysWhy) {
   noCollection.surface->setYAxes(nullptr);
   EXPECT_EQ(runPass(noCollection), VELSurfaceError_NoAxisCollection);
 
+  // Without a render surface the axes take their labels off the screen.
   ChartWithAxes chart;
-  const VELChartRenderer renderer(chart.surface);
+  chart.tick();
+  const auto shownLabels = [&] {
+    size_t shown = 0;
+    for (const auto& label : chart.x->axisPanel()->subviews()) shown += label->isHidden() ? 0 : 1;
+    return shown;
+  };
+  EXPECT_GT(shownLabels(), 0u);
   chart.surface->setRenderSurface(nullptr);
-  uint32_t code = 0;
-  EXPECT_FALSE(renderer.p_VEL_o_isSurfaceValid(*chart.surface, code));
-  EXPECT_EQ(code, VELSurfaceError_NoRenderSurface);
+  chart.surface->onRenderSurfaceDraw();
+  EXPECT_EQ(chart.surface->lastErrorCode(), VELSurfaceError_NoRenderSurface);
+  EXPECT_EQ(shownLabels(), 0u);
 }
 
 TEST(RenderPass, AxesWithoutSeriesStillDrawTheirGrid) {
@@ -84,6 +92,33 @@ TEST(RenderPass, AxesWithoutSeriesStillDrawTheirGrid) {
 
   chart.surface->attachRenderableSeries(std::make_shared<VELFastLineRenderableSeries>());
   EXPECT_EQ(runPass(chart), VELSurfaceError_NoDataSeries);
+}
+
+TEST(RenderPass, GridComesFirstThenSeriesInTheChartFrame) {
+  ChartWithAxes chart({0.0, 0.0, 200.0, 100.0});
+  chart.view->renderSurfaceSizeView()->setFrame({20.0, 10.0, 150.0, 80.0});
+  chart.surface->attachRenderableSeries(makeSeries(7));
+  EXPECT_EQ(runPass(chart), VELSurfaceError_None);
+  const auto names = chart.context().names();
+  EXPECT_EQ(names.front(), "clear");
+  ASSERT_GE(names.size(), 3u);
+  EXPECT_EQ(std::vector<std::string>(names.end() - 3, names.end()),
+            (std::vector<std::string>{"area", "new", "polyline"}));
+  const auto& area = chart.context().operations[names.size() - 3].numbers;
+  EXPECT_EQ(area, (std::vector<double>{20.0, 10.0, 150.0, 80.0}));
+}
+
+TEST(RenderPass, AVerticalChartDrawsDownTheScreen) {
+  RecordingChart chart;
+  const auto x = std::make_shared<VELNumericAxis>(), y = std::make_shared<VELNumericAxis>();
+  x->setAxisAlignment(VELAxisAlignment_Left);
+  y->setAxisAlignment(VELAxisAlignment_Bottom);
+  chart.surface->attachAxis(x, true);
+  chart.surface->attachAxis(y, false);
+  chart.surface->attachRenderableSeries(makeSeries(7, 2));
+  EXPECT_EQ(runPass(chart), VELSurfaceError_None);
+  // The points (0, 0) and (1, 1): x runs down the 100 points of height, y against the 200 points of width.
+  EXPECT_EQ(chart.context().operations.back().numbers, (std::vector<double>{199.0, 0.0, 0.0, 99.0}));
 }
 
 TEST(RenderPass, AFrameThatIsTooSmallLeavesTheLastPicture) {

@@ -153,6 +153,13 @@ TEST(ChartSurface, PolarIsDecidedByTheCentreAreasAlone) {
   EXPECT_TRUE(chart.surface->isPolarChart());
   chart.surface->detachAxis(polar);
   EXPECT_FALSE(chart.surface->isPolarChart());
+
+  // An axis that became a centre axis only after it was attached leaves its side all the same.
+  const Axis late = makeAxis();
+  chart.surface->attachAxis(late, true);
+  late->setIsCenterAxis(true);
+  chart.surface->detachAxis(late);
+  EXPECT_EQ(chart.view->bottomAxesArea()->count(), 0);
 }
 
 TEST(ChartSurface, ModifierAndAnnotationAreToldInOrder) {
@@ -167,6 +174,22 @@ TEST(ChartSurface, ModifierAndAnnotationAreToldInOrder) {
   chart.surface->setAnnotation(annotation);
   chart.surface->setAnnotation(nullptr);
   EXPECT_EQ(annotation->told, expected);
+}
+
+TEST(ChartSurface, AModifierMayReplaceItselfWhileItIsDetached) {
+  class Replacing : public Element<VELChartModifier> {
+   public:
+    explicit Replacing(VELChartSurface& surface) : _surface(surface) {}
+    void onDetached() override { _surface.setChartModifier(nullptr); }
+
+   private:
+    VELChartSurface& _surface;
+  };
+  RecordingChart chart;
+  chart.surface->setChartModifier(std::make_shared<Replacing>(*chart.surface));
+  const auto next = std::make_shared<Element<VELChartModifier>>();
+  chart.surface->setChartModifier(next);
+  EXPECT_EQ(chart.surface->chartModifier(), next);
 }
 
 TEST(ChartSurface, WithoutCpuReductionEveryRefreshRunsAPass) {
@@ -204,6 +227,11 @@ TEST(ChartSurface, AStyleIsCopiedAndForcesAreaSizes) {
   EXPECT_TRUE(chart.view->recording->needRedraw());
   style.setLeftAxisAreaSize(10.0f);
   EXPECT_EQ(chart.view->leftAxisAreaForcedSize(), 70.0f) << "the original is no longer heard";
+  const auto former = chart.surface->style();
+  chart.surface->setStyle(style);
+  chart.tick();
+  former->setTopAxisAreaSize(1.0f);
+  EXPECT_FALSE(chart.view->recording->needRedraw()) << "a replaced style is no longer heard";
 }
 
 TEST(ChartSurface, SidesKeepTheirSizeForNaNAndNegativeWishes) {

@@ -9,6 +9,8 @@
 namespace {
 
 constexpr double kEpsilon = std::numeric_limits<double>::epsilon();
+// Of a step: nearer than this to the end of the range, a tick is there.
+constexpr double kNoise = 1e-10;
 constexpr int64_t kListCapacity = 128;
 // At most every second minor tick falls on a major one, or else all do: so many steps fill a list or never.
 constexpr int64_t kMaxSteps = 2 * VELNumericTickProvider::maxTicksPerPass;
@@ -23,9 +25,11 @@ double roundTo15Digits(double value) {
   return digits > 0.0 ? std::floor(value * power + 0.5) / power : std::floor(value / power + 0.5) * power;
 }
 
+// The tolerance covers the rounding of a power of ten beyond 10^22, which no double holds exactly, and is
+// still less than a step of the 15th digit.
 bool isMultiple(double value, double step) {
   const double times = std::abs(roundTo15Digits(value) / step);
-  return std::abs(times - std::round(times)) <= times * kEpsilon;
+  return std::abs(times - std::round(times)) <= times * 4.0 * kEpsilon;
 }
 
 bool isUseful(double min, double max, const VELAxisDelta& delta) {
@@ -38,16 +42,20 @@ bool isUseful(double min, double max, const VELAxisDelta& delta) {
 // all others.
 void listTicks(double min, double max, double step, double major, VELArrayController& ticks) {
   if (!(step > 0.0)) return;
-  const double start =
-      std::abs(step) >= kEpsilon && isMultiple(min, step) ? min : std::ceil(min / step) * step;
-  if (!std::isfinite(start) || !std::isfinite(max)) return;
+  // The start counted in steps: start + k × step is then one product, with one rounding. Sums of fractions
+  // would leave a trace of zero at zero, and a "-0" for its label.
+  const double first = isMultiple(min, step) ? std::round(min / step) : std::ceil(min / step);
+  if (!std::isfinite(first) || !std::isfinite(max)) return;
   const bool isMajorPass = std::abs(step - major) <= kEpsilon;
   const bool hasMajors = !(std::abs(major) < kEpsilon);
+  double last = -std::numeric_limits<double>::infinity();
   for (int64_t k = 0; k < kMaxSteps && ticks.count() < VELNumericTickProvider::maxTicksPerPass; ++k) {
-    double tick = start + static_cast<double>(k) * step;
+    double tick = (first + static_cast<double>(k)) * step;
+    // Rounding loses no tick at the end of the range: 0.1 × 3 is a hair above 0.3.
+    if (tick > max && tick - max < kNoise * step) tick = max;
     if (!(tick <= max)) return;
-    // What is left of zero after 0.1 × 3 − 0.3 is no number of its own; also no label wants "-0".
-    if (std::abs(tick) < 1e-10 * std::abs(step)) tick = 0.0;
+    if (!(tick > last)) continue;
+    last = tick;
     const bool keep = hasMajors ? isMajorPass == isMultiple(tick, major) : !isMajorPass;
     if (keep) ticks.append(tick);
   }

@@ -31,8 +31,8 @@ class VELObjectPool {
   /// dropped; meant so, `getWithAction` is the way without.
   template <class Type = T>
   std::shared_ptr<T> getWithType() {
-    const std::shared_ptr<T> made = std::make_shared<Type>();
-    return getWithAction([&made] { return made; });
+    std::shared_ptr<T> made = std::make_shared<Type>();
+    return getWithAction([&made] { return std::move(made); });
   }
 
   /// Takes an object back; null is ignored.

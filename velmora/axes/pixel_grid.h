@@ -9,7 +9,7 @@
 /// The device pixels along one direction of a drawing area.
 ///
 /// Always true of a snapped line that is a whole number of pixels wide: it covers whole pixels, all inside
-/// the area, and its centre is less than a pixel away from where it belongs.
+/// the area. It lies within half a pixel of where it belongs; at the ends of the area it moves inside.
 struct VELPixelGrid {
   double scale = 1.0;   ///< pixels per point; anything but a positive number counts as 1
   double origin = 0.0;  ///< start of the drawing area on the surface

@@ -31,7 +31,8 @@ void convertElements(const Source* from, Target* to, int64_t count) {
     std::memcpy(to, from, static_cast<size_t>(count) * sizeof(Target));
   } else if constexpr (std::is_same_v<Source, VELDate>) {
     std::transform(from, from + count, to, [](VELDate date) {
-      return static_cast<Target>(date.timeIntervalSince1970());  // only date columns take dates, they store doubles
+      return static_cast<Target>(
+          date.timeIntervalSince1970());  // only date columns take dates, they store doubles
     });
   } else {
     std::transform(from, from + count, to,
@@ -44,13 +45,20 @@ template <typename Use>
 void visitPointer(VELGenericType values, Use&& use) {
   if (values.data.object == nullptr) return;
   switch (values.type) {
-    case VELDataType_CharPtr: return use(values.data.bytePointer);
-    case VELDataType_Int16Ptr: return use(values.data.int16Pointer);
-    case VELDataType_Int32Ptr: return use(values.data.int32Pointer);
-    case VELDataType_Int64Ptr: return use(values.data.int64Pointer);
-    case VELDataType_FloatPtr: return use(values.data.floatPointer);
-    case VELDataType_DoublePtr: return use(values.data.doublePointer);
-    default: return;
+    case VELDataType_CharPtr:
+      return use(values.data.bytePointer);
+    case VELDataType_Int16Ptr:
+      return use(values.data.int16Pointer);
+    case VELDataType_Int32Ptr:
+      return use(values.data.int32Pointer);
+    case VELDataType_Int64Ptr:
+      return use(values.data.int64Pointer);
+    case VELDataType_FloatPtr:
+      return use(values.data.floatPointer);
+    case VELDataType_DoublePtr:
+      return use(values.data.doublePointer);
+    default:
+      return;
   }
 }
 
@@ -73,7 +81,8 @@ std::shared_ptr<VELArrayController> VELArrayController::initWithType(VELDataType
 
 void VELArrayController::p_VEL_createDataArrayWithSize(int64_t size) {
   if (size >= 1) {
-    if (size > std::numeric_limits<ptrdiff_t>::max() / dataTypeSize()) throw std::bad_alloc();
+    // No element is wider than a double, so the bytes of as many fit the address space.
+    if (size > std::numeric_limits<ptrdiff_t>::max() / int64_t{sizeof(double)}) throw std::bad_alloc();
     _data.resize(static_cast<size_t>(size) * static_cast<size_t>(dataTypeSize()));
   }
   _maxSize = std::max<int64_t>(size, 0);
@@ -102,8 +111,10 @@ bool VELArrayController::store(VELGenericType value, int64_t index) {
     using T = typename decltype(element)::type;
     T* target = static_cast<T*>(data()) + index;
     // The usual case needs no conversion: a value's bytes stand where its union member does.
-    if (value.type == _type) std::memcpy(target, &value.data, sizeof(T));
-    else *target = numberAs<T>(value);
+    if (value.type == _type)
+      std::memcpy(target, &value.data, sizeof(T));
+    else
+      *target = numberAs<T>(value);
   });
   return true;
 }
@@ -126,13 +137,14 @@ void VELArrayController::assertAccepts(VELDataType valueType) const {
   }
   if (isDate || valueType == VELDataType_Double || valueType == VELDataType_Array) return;
   throw VELInvalidArgumentException(
-      "Array Controller of DateTime type accepts VELGenericType with Double, DateTime or NSArray with DateTime");
+      "Array Controller of DateTime type accepts VELGenericType with Double, DateTime or NSArray with "
+      "DateTime");
 }
 
 VELGenericType VELArrayController::genericData() const {
   VELGenericType value;
-  constexpr VELDataType pointerTags[] = {VELDataType_None,     VELDataType_Int16Ptr, VELDataType_Int32Ptr,
-                                         VELDataType_Int64Ptr, VELDataType_CharPtr,  VELDataType_FloatPtr,
+  constexpr VELDataType pointerTags[] = {VELDataType_None,      VELDataType_Int16Ptr, VELDataType_Int32Ptr,
+                                         VELDataType_Int64Ptr,  VELDataType_CharPtr,  VELDataType_FloatPtr,
                                          VELDataType_DoublePtr, VELDataType_DoublePtr};
   value.type = pointerTags[_type];
   value.data.object = data();
@@ -152,7 +164,8 @@ void VELArrayController::append(VELGenericType value) {
   if (_count >= _maxSize) reserveFor(1);
   if (store(value, _count)) {
     ++_count;
-  } else if (const VELArray* dates = VELGenericArray(value); dates != nullptr && _type == VELDataType_DateTime) {
+  } else if (const VELArray* dates = VELGenericArray(value);
+             dates != nullptr && _type == VELDataType_DateTime) {
     appendDates(*dates);
   }
 }

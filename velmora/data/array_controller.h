@@ -41,8 +41,8 @@ class VELMORA_API VELArrayController {
   /// Bytes of one element.
   int32_t dataTypeSize() const { return VELElementSize(_type); }
 
-  // The raw buffer in storage order (a ring's logical order only after `normalizeIndices`); the typed forms are
-  // null for any other storage type.
+  // The raw buffer in storage order (a ring's logical order only after `normalizeIndices`); the typed forms
+  // are null for any other storage type.
   void* data() { return _data.data(); }
   const void* data() const { return _data.data(); }
   /// The buffer as a pointer-tagged value; it may only be read through it.
@@ -78,10 +78,12 @@ class VELMORA_API VELArrayController {
   virtual void setValue(VELGenericType value, int64_t index);
 
   /// Appends a number, or to a DateTime column a date or an array of dates; other tags are ignored.
-  /// @throws VELInvalidArgumentException for a value other than Double, DateTime or Array to a DateTime column, for
+  /// @throws VELInvalidArgumentException for a value other than Double, DateTime or Array to a DateTime
+  /// column, for
   ///   a DateTime to any other column, and for an array element that is no date (those before it stay)
   virtual void append(VELGenericType value);
-  // Numbers straight from memory, as if appended one by one with their own tag. The span may be of this very column.
+  // Numbers straight from memory, as if appended one by one with their own tag. The span may be of this very
+  // column.
   /// @throws VELInvalidArgumentException as `append`
   virtual void appendRange(std::span<const int8_t> values);
   virtual void appendRange(std::span<const int16_t> values);
@@ -110,12 +112,13 @@ class VELMORA_API VELArrayController {
   /// Sets the count, growing the buffer to exactly that many; new elements are uninitialised.
   virtual void setCount(int64_t count);
 
-  /// Minimum and maximum as doubles. Double columns skip NaN; a Float column counts only what stands before its
-  /// first NaN, on purpose. Without such an element the pair is inverted: the type's largest and its lowest value.
+  /// Minimum and maximum as doubles. Double columns skip NaN; a Float column counts only what stands before
+  /// its first NaN, on purpose. Without such an element the pair is inverted: the type's largest and its
+  /// lowest value.
   void getRangeMin(double& min, double& max) const;
 
-  /// Index of a value, or -1. In sorted columns a value that is not there gives what the mode says, and a value
-  /// beyond either end that end (but -1 when exact); NaN gives -1.
+  /// Index of a value, or -1. In sorted columns a value that is not there gives what the mode says, and a
+  /// value beyond either end that end (but -1 when exact); NaN gives -1.
   /// @throws VELInvalidArgumentException when the column is unsorted and the mode is not exact
   virtual int64_t indexOf(VELGenericType value, bool isSorted, VELArraySearchMode mode);
 
@@ -125,8 +128,8 @@ class VELMORA_API VELArrayController {
   /// Reverses the order in place.
   virtual void reverse();
 
-  /// A column of the same kind with the same elements in logical order; its capacity is what they need (a ring
-  /// keeps its capacity).
+  /// A column of the same kind with the same elements in logical order; its capacity is what they need (a
+  /// ring keeps its capacity).
   virtual std::shared_ptr<VELArrayController> clone() const;
 
  protected:

@@ -5,10 +5,10 @@
 
 /// A ring of fixed capacity: once full, each append overwrites the oldest element.
 ///
-/// Always true: the capacity never changes and appends never move data; `headIndex` is not 0 only while the ring is
-/// full. Indices are logical, 0 is the oldest; `data` and the spans are physical until `normalizeIndices`.
-/// Inserts and bulk appends do nothing at all, on purpose: a ring takes its values one by one. A ring of capacity 0
-/// ignores every value.
+/// Always true: the capacity never changes and appends never move data; `headIndex` is not 0 only while the
+/// ring is full. Indices are logical, 0 is the oldest; `data` and the spans are physical until
+/// `normalizeIndices`. Inserts and bulk appends do nothing at all, on purpose: a ring takes its values one by
+/// one. A ring of capacity 0 ignores every value.
 class VELMORA_API VELArrayControllerFIFO : public VELArrayController {
  public:
   /// @return null when the type is no storage type or the size is negative

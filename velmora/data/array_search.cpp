@@ -15,7 +15,10 @@ class Search {
   using Key = typename Order::Key;
 
   Search(const VELArraySearch& column, Key value)
-      : _elements(static_cast<const T*>(column.data)), _count(column.count), _head(column.head), _value(value) {}
+      : _elements(static_cast<const T*>(column.data)),
+        _count(column.count),
+        _head(column.head),
+        _value(value) {}
 
   int64_t first() const {
     for (int64_t i = 0; i < _count; ++i) {
@@ -45,14 +48,20 @@ class Search {
       const VELGenericCompareResult result = compareAt(middle);
       if (result == VELGenericCompareResult_Equal) return middle;
       if (result == VELGenericCompareResult_NotComparable) return -1;
-      if (result == VELGenericCompareResult_Greater) low = middle + 1;
-      else high = middle - 1;
+      if (result == VELGenericCompareResult_Greater)
+        low = middle + 1;
+      else
+        high = middle - 1;
     }
     switch (mode) {
-      case VELArraySearchMode_Nearest: return nearest(low, high);
-      case VELArraySearchMode_RoundDown: return std::clamp<int64_t>(high, 0, _count - 1);
-      case VELArraySearchMode_RoundUp: return std::clamp<int64_t>(low, 0, _count - 1);
-      default: return -1;
+      case VELArraySearchMode_Nearest:
+        return nearest(low, high);
+      case VELArraySearchMode_RoundDown:
+        return std::clamp<int64_t>(high, 0, _count - 1);
+      case VELArraySearchMode_RoundUp:
+        return std::clamp<int64_t>(low, 0, _count - 1);
+      default:
+        return -1;
     }
   }
 
@@ -97,6 +106,6 @@ int64_t VELArraySearch::indexOf(VELGenericType value, bool isSorted, VELArraySea
     const auto run = [&](const auto& search) { return isSorted ? search.sorted(mode) : search.first(); };
     // The order is chosen here once instead of at every element.
     return VELIsExactOrder(value.type, type) ? run(Search<T, VELExactOrder>(*this, VELGenericLong(value)))
-                                     : run(Search<T, VELDoubleOrder>(*this, VELGenericDouble(value)));
+                                             : run(Search<T, VELDoubleOrder>(*this, VELGenericDouble(value)));
   });
 }

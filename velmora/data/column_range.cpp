@@ -10,8 +10,9 @@ constexpr size_t laneCount = 8;
 
 /// min and max of all elements that are not NaN, folded into inverted bounds.
 ///
-/// Its plain form is `for (T v : values) { if (v < min) min = v; if (v > max) max = v; }`. Independent lanes let the
-/// compiler use vectors, which it must not do by itself here: it may not reorder floating comparisons.
+/// Its plain form is `for (T v : values) { if (v < min) min = v; if (v > max) max = v; }`. Independent lanes
+/// let the compiler use vectors, which it must not do by itself here: it may not reorder floating
+/// comparisons.
 template <typename T>
 void foldRange(std::span<const T> values, T& min, T& max) {
   T low[laneCount];
@@ -42,7 +43,8 @@ void VELArrayController::getRangeMin(double& min, double& max) const {
     std::span<const T> values = elements<T>();
     if constexpr (std::is_same_v<T, float>) {
       // A float column ends at its first NaN, on purpose.
-      const auto end = std::find_if(values.begin(), values.end(), [](float value) { return std::isnan(value); });
+      const auto end =
+          std::find_if(values.begin(), values.end(), [](float value) { return std::isnan(value); });
       values = values.first(static_cast<size_t>(end - values.begin()));
     }
     T low = std::numeric_limits<T>::max();

@@ -19,8 +19,11 @@ VELDataSeries::~VELDataSeries() = default;
 int64_t VELDataSeries::count() const { return std::min(_xColumn->count(), _yColumn->count()); }
 
 void VELDataSeries::p_VEL_makeFifo(int32_t capacity) {
-  _xColumn = VELArrayControllerFIFO::initWithType(_xColumn->type(), capacity);
-  _yColumn = VELArrayControllerFIFO::initWithType(_yColumn->type(), capacity);
+  // Both before either is taken over: there may be no room.
+  std::shared_ptr<VELArrayController> x = VELArrayControllerFIFO::initWithType(_xColumn->type(), capacity);
+  std::shared_ptr<VELArrayController> y = VELArrayControllerFIFO::initWithType(_yColumn->type(), capacity);
+  _xColumn = std::move(x);
+  _yColumn = std::move(y);
   _isFifo = true;
   _fifoCapacity = capacity;
 }

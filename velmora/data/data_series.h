@@ -176,8 +176,8 @@ class VELMORA_API VELDataSeries {
     VELGenericType min;  // the bounds as they were handed out, should the holder have changed them
     VELGenericType max;
   };
-  /// This and last frame of two displays find a place each before one is made anew.
-  static constexpr size_t kPointSeriesKept = 4;
+  /// This and last frame of four displays find a place each; only with more one is made anew every frame.
+  static constexpr size_t kPointSeriesKept = 8;
 
   void p_VEL_forgetAnswers();
   /// Rings in logical order, so that raw columns can be searched.

@@ -35,7 +35,8 @@ Bounds extentOf(const VELArrayController& column) {
 /// First and last x that are numbers, in logical order.
 Bounds endsOfSorted(const VELArrayController& column, int64_t count) {
   Bounds bounds;
-  for (int64_t i = 0; i < count && std::isnan(bounds.min); ++i) bounds.min = VELGenericDouble(column.valueAt(i));
+  for (int64_t i = 0; i < count && std::isnan(bounds.min); ++i)
+    bounds.min = VELGenericDouble(column.valueAt(i));
   for (int64_t i = count; i > 0 && std::isnan(bounds.max); --i) {
     bounds.max = VELGenericDouble(column.valueAt(i - 1));
   }
@@ -85,7 +86,8 @@ VELRangePtr VELDataSeries::getYRange() const {
   return _yRange;
 }
 
-std::shared_ptr<VELIndexRange> VELDataSeries::getIndicesRangeWithVisibleRange(const VELRange& visibleRange) const {
+std::shared_ptr<VELIndexRange> VELDataSeries::getIndicesRangeWithVisibleRange(
+    const VELRange& visibleRange) const {
   auto answer = std::make_shared<VELIndexRange>();
   getIndicesRangeWithVisibleRange(visibleRange, *answer);
   return answer;
@@ -107,7 +109,8 @@ void VELDataSeries::getIndicesRangeWithVisibleRange(const VELRange& visibleRange
   out.setMax(_lastIndicesRange.max());
 }
 
-void VELDataSeries::p_VEL_searchDataIndexesOn(double visibleMin, double visibleMax, VELIndexRange& out) const {
+void VELDataSeries::p_VEL_searchDataIndexesOn(double visibleMin, double visibleMax,
+                                              VELIndexRange& out) const {
   const int64_t points = count();
   const VELIndexRange none;
   out.setMin(none.min());
@@ -170,7 +173,8 @@ VELRangePtr VELDataSeries::p_VEL_windowYRange(double xMin, double xMax, bool pos
 
 VELRangePtr VELDataSeries::getWindowYRangeWithIndexRange(const VELIndexRange& indexRange,
                                                          bool getPositiveRange) const {
-  return p_VEL_yRangeOfPoints(VELGenericInt(indexRange.min()), VELGenericInt(indexRange.max()), getPositiveRange);
+  return p_VEL_yRangeOfPoints(VELGenericInt(indexRange.min()), VELGenericInt(indexRange.max()),
+                              getPositiveRange);
 }
 
 VELRangePtr VELDataSeries::p_VEL_yRangeOfPoints(int64_t first, int64_t last, bool positive) const {

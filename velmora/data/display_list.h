@@ -10,8 +10,8 @@
 
 /// Weakly held displays, told in the order in which they came.
 ///
-/// Always true: a display may add or remove any display, itself too, while it is being told; telling allocates
-/// nothing; displays that have died are forgotten.
+/// Always true: a display may add or remove any display, itself too, while it is being told; telling
+/// allocates nothing; displays that have died are forgotten.
 class VELMORA_API VELDisplayList {
  public:
   bool isEmpty() const { return _displays.empty(); }

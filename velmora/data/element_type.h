@@ -14,17 +14,23 @@ struct VELElement {
   using type = T;
 };
 
-/// Calls @p visitor with the `VELElement` of a storage type 1 to 7 (dates are doubles); any other tag is taken as
-/// Double, callers ask `VELIsNumericType` before.
+/// Calls @p visitor with the `VELElement` of a storage type 1 to 7 (dates are doubles); any other tag is
+/// taken as Double, callers ask `VELIsNumericType` before.
 template <typename Visitor>
 decltype(auto) VELVisitElementType(VELDataType type, Visitor&& visitor) {
   switch (type) {
-    case VELDataType_Int16: return std::forward<Visitor>(visitor)(VELElement<int16_t>{});
-    case VELDataType_Int32: return std::forward<Visitor>(visitor)(VELElement<int32_t>{});
-    case VELDataType_Int64: return std::forward<Visitor>(visitor)(VELElement<int64_t>{});
-    case VELDataType_Byte: return std::forward<Visitor>(visitor)(VELElement<int8_t>{});
-    case VELDataType_Float: return std::forward<Visitor>(visitor)(VELElement<float>{});
-    default: return std::forward<Visitor>(visitor)(VELElement<double>{});
+    case VELDataType_Int16:
+      return std::forward<Visitor>(visitor)(VELElement<int16_t>{});
+    case VELDataType_Int32:
+      return std::forward<Visitor>(visitor)(VELElement<int32_t>{});
+    case VELDataType_Int64:
+      return std::forward<Visitor>(visitor)(VELElement<int64_t>{});
+    case VELDataType_Byte:
+      return std::forward<Visitor>(visitor)(VELElement<int8_t>{});
+    case VELDataType_Float:
+      return std::forward<Visitor>(visitor)(VELElement<float>{});
+    default:
+      return std::forward<Visitor>(visitor)(VELElement<double>{});
   }
 }
 

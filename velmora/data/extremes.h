@@ -1,8 +1,8 @@
 // data/extremes.h: where a run of elements is lowest and highest.
 //
 // Internal. NaN is below and above nothing, so it is never an extreme; of equal extremes the last one counts.
-// Elements are compared as doubles, which only 64-bit integers need to be told: for every other type the order
-// is the same.
+// Elements are compared as doubles, which only 64-bit integers need to be told: for every other type the
+// order is the same.
 #pragma once
 
 #include <array>
@@ -19,78 +19,67 @@ struct VELExtremes {
   bool operator==(const VELExtremes&) const = default;
 };
 
-template <typename T>
-using VELExtremeKey = std::conditional_t<std::is_same_v<T, int64_t>, double, T>;
-
 /// What every number, infinite ones too, is not above.
-template <typename Key>
-constexpr Key VELHighestKey() {
-  if constexpr (std::is_floating_point_v<Key>) return std::numeric_limits<Key>::infinity();
-  return std::numeric_limits<Key>::max();
-}
-
-template <typename Key>
-constexpr Key VELLowestKey() {
-  if constexpr (std::is_floating_point_v<Key>) return -std::numeric_limits<Key>::infinity();
-  return std::numeric_limits<Key>::lowest();
-}
-
-/// The plain way, and the oracle of the fast one.
 template <typename T>
-VELExtremes VELFindExtremesPlain(const T* values, int64_t count) {
-  using Key = VELExtremeKey<T>;
+constexpr T VELHighest() {
+  if constexpr (std::is_floating_point_v<T>) return std::numeric_limits<T>::infinity();
+  return std::numeric_limits<T>::max();
+}
+
+template <typename T>
+constexpr T VELLowest() {
+  if constexpr (std::is_floating_point_v<T>) return -std::numeric_limits<T>::infinity();
+  return std::numeric_limits<T>::lowest();
+}
+
+/// The way for short runs, without a branch that noise would make the processor guess.
+template <typename T>
+VELExtremes VELFindExtremesOfShortRun(const T* values, int64_t count) {
   VELExtremes found;
-  Key lowest = VELHighestKey<Key>();
-  Key highest = VELLowestKey<Key>();
+  T lowest = VELHighest<T>();
+  T highest = VELLowest<T>();
   for (int64_t i = 0; i < count; ++i) {
-    const Key key = static_cast<Key>(values[i]);
-    if (key <= lowest) {
-      lowest = key;
-      found.minAt = i;
-    }
-    if (key >= highest) {
-      highest = key;
-      found.maxAt = i;
-    }
+    const T value = values[i];
+    found.minAt = value <= lowest ? i : found.minAt;
+    found.maxAt = value >= highest ? i : found.maxAt;
+    lowest = value < lowest ? value : lowest;
+    highest = value > highest ? value : highest;
   }
   return found;
 }
 
-/// Index of the last element equal to the key; one exists.
+/// Index of the last element equal to the value; one exists.
 template <typename T>
-int64_t VELLastIndexOf(const T* values, int64_t count, VELExtremeKey<T> key) {
+int64_t VELLastIndexOf(const T* values, int64_t count, T value) {
   int64_t i = count - 1;
-  while (i > 0 && !(static_cast<VELExtremeKey<T>>(values[i]) == key)) --i;
+  while (i > 0 && !(values[i] == value)) --i;
   return i;
 }
 
-/// `VELFindExtremesPlain` for long runs: the two values first, in independent lanes without a branch and without
-/// their indices, then each index by a search from the end.
+/// The way for long runs: the two values first, in independent lanes and without their indices, then each
+/// index by a search from the end.
 template <typename T>
-VELExtremes VELFindExtremes(const T* values, int64_t count) {
-  using Key = VELExtremeKey<T>;
+VELExtremes VELFindExtremesOfLongRun(const T* values, int64_t count) {
   constexpr size_t kLanes = 8;
-  constexpr int64_t kShortRun = 32;
-  if (count < kShortRun) return VELFindExtremesPlain(values, count);
-  std::array<Key, kLanes> low;
-  std::array<Key, kLanes> high;
-  low.fill(VELHighestKey<Key>());
-  high.fill(VELLowestKey<Key>());
+  std::array<T, kLanes> low;
+  std::array<T, kLanes> high;
+  low.fill(VELHighest<T>());
+  high.fill(VELLowest<T>());
   int64_t i = 0;
   for (; i + static_cast<int64_t>(kLanes) <= count; i += static_cast<int64_t>(kLanes)) {
     for (size_t lane = 0; lane < kLanes; ++lane) {
-      const Key key = static_cast<Key>(values[i + static_cast<int64_t>(lane)]);
-      low[lane] = key < low[lane] ? key : low[lane];
-      high[lane] = key > high[lane] ? key : high[lane];
+      const T value = values[i + static_cast<int64_t>(lane)];
+      low[lane] = value < low[lane] ? value : low[lane];
+      high[lane] = value > high[lane] ? value : high[lane];
     }
   }
   for (; i < count; ++i) {
-    const Key key = static_cast<Key>(values[i]);
-    low[0] = key < low[0] ? key : low[0];
-    high[0] = key > high[0] ? key : high[0];
+    const T value = values[i];
+    low[0] = value < low[0] ? value : low[0];
+    high[0] = value > high[0] ? value : high[0];
   }
-  Key lowest = low[0];
-  Key highest = high[0];
+  T lowest = low[0];
+  T highest = high[0];
   for (size_t lane = 1; lane < kLanes; ++lane) {
     lowest = low[lane] < lowest ? low[lane] : lowest;
     highest = high[lane] > highest ? high[lane] : highest;
@@ -98,4 +87,14 @@ VELExtremes VELFindExtremes(const T* values, int64_t count) {
   // Untouched starts are the wrong way round: there was no number.
   if (!(lowest <= highest)) return {};
   return {VELLastIndexOf(values, count, lowest), VELLastIndexOf(values, count, highest)};
+}
+
+/// From this count on the long way is the faster one.
+constexpr int64_t kVELLongRun = 48;
+
+/// Both extremes of a run of any length.
+template <typename T>
+VELExtremes VELFindExtremes(const T* values, int64_t count) {
+  return count < kVELLongRun ? VELFindExtremesOfShortRun(values, count)
+                             : VELFindExtremesOfLongRun(values, count);
 }

@@ -1,5 +1,6 @@
 #include "velmora/data/generic_type.h"
 
+#include <bit>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -41,11 +42,20 @@ struct Encoding {
 };
 
 constexpr Encoding encodings[] = {
-    {"s", construct<int16_t>},         {"i", construct<int32_t>},         {"q", construct<int64_t>},
-    {"c", construct<int8_t>},          {"f", construct<float>},           {"d", construct<double>},
-    {"*", constructBytes},             {"^c", constructBytes},            {"^s", construct<const int16_t*>},
-    {"^i", construct<const int32_t*>}, {"^q", construct<const int64_t*>}, {"^f", construct<const float*>},
-    {"^d", construct<const double*>},  {"@", constructObject},
+    {"s", construct<int16_t>},
+    {"i", construct<int32_t>},
+    {"q", construct<int64_t>},
+    {"c", construct<int8_t>},
+    {"f", construct<float>},
+    {"d", construct<double>},
+    {"*", constructBytes},
+    {"^c", constructBytes},
+    {"^s", construct<const int16_t*>},
+    {"^i", construct<const int32_t*>},
+    {"^q", construct<const int64_t*>},
+    {"^f", construct<const float*>},
+    {"^d", construct<const double*>},
+    {"@", constructObject},
 };
 
 template <typename Target>
@@ -60,23 +70,32 @@ Target fromFloating(double value) {
 template <typename Target>
 Target readNumber(const VELGenericType& value) {
   switch (value.type) {
-    case VELDataType_Int16: return static_cast<Target>(value.data.int16Value);
-    case VELDataType_Int32: return static_cast<Target>(value.data.int32Value);
-    case VELDataType_Int64: return static_cast<Target>(value.data.int64Value);
-    case VELDataType_Byte: return static_cast<Target>(value.data.byteValue);
-    case VELDataType_Float: return fromFloating<Target>(static_cast<double>(value.data.floatValue));
+    case VELDataType_Int16:
+      return static_cast<Target>(value.data.int16Value);
+    case VELDataType_Int32:
+      return static_cast<Target>(value.data.int32Value);
+    case VELDataType_Int64:
+      return static_cast<Target>(value.data.int64Value);
+    case VELDataType_Byte:
+      return static_cast<Target>(value.data.byteValue);
+    case VELDataType_Float:
+      return fromFloating<Target>(static_cast<double>(value.data.floatValue));
     case VELDataType_Double:
-    case VELDataType_DateTime: return fromFloating<Target>(value.data.doubleValue);
-    default: break;
+    case VELDataType_DateTime:
+      return fromFloating<Target>(value.data.doubleValue);
+    default:
+      break;
   }
   // Without a number an integer has no better answer than 0.
-  if constexpr (std::is_integral_v<Target>) return 0;
-  else return std::numeric_limits<Target>::quiet_NaN();
+  if constexpr (std::is_integral_v<Target>)
+    return 0;
+  else
+    return std::numeric_limits<Target>::quiet_NaN();
 }
 
 const char* typeName(VELDataType type) {
-  constexpr const char* names[] = {"None",     "Int16",    "Int32",    "Int64",    "Byte",     "Float",
-                                   "Double",   "DateTime", "None",     "CharPtr",  "Int16Ptr", "Int32Ptr",
+  constexpr const char* names[] = {"None",     "Int16",    "Int32",     "Int64",   "Byte",     "Float",
+                                   "Double",   "DateTime", "None",      "CharPtr", "Int16Ptr", "Int32Ptr",
                                    "Int64Ptr", "FloatPtr", "DoublePtr", "Array",   "Object"};
   return type >= VELDataType_None && type <= VELDataType_Object ? names[type] : "None";
 }
@@ -95,12 +114,24 @@ VELGenericType VEL_constructGenericType(const void* value, std::string_view enco
 VELGenericType VEL_constructGenericTypeWithInfo(const void* value, VELDataType type) {
   VELGenericType result;
   switch (type) {
-    case VELDataType_Int16: result = construct<int16_t>(value); break;
-    case VELDataType_Int32: result = construct<int32_t>(value); break;
-    case VELDataType_Byte: result = construct<int8_t>(value); break;
-    case VELDataType_Float: result = construct<float>(value); break;
-    case VELDataType_DateTime: result = construct<VELDate>(value); break;
-    default: result = construct<int64_t>(value); break;
+    case VELDataType_Int16:
+      result = construct<int16_t>(value);
+      break;
+    case VELDataType_Int32:
+      result = construct<int32_t>(value);
+      break;
+    case VELDataType_Byte:
+      result = construct<int8_t>(value);
+      break;
+    case VELDataType_Float:
+      result = construct<float>(value);
+      break;
+    case VELDataType_DateTime:
+      result = construct<VELDate>(value);
+      break;
+    default:
+      result = construct<int64_t>(value);
+      break;
   }
   result.type = type;
   return result;
@@ -144,7 +175,7 @@ const double* VELGenericDoublePtr(VELGenericType value) {
 
 VELGenericCompareResult VELGenericCompare(VELGenericType a, VELGenericType b) {
   if (!VELIsNumericType(a.type) || !VELIsNumericType(b.type)) {
-    const bool same = a.type == b.type && std::memcmp(&a.data, &b.data, sizeof a.data) == 0;
+    const bool same = a.type == b.type && std::bit_cast<uint64_t>(a.data) == std::bit_cast<uint64_t>(b.data);
     return same ? VELGenericCompareResult_Equal : VELGenericCompareResult_NotComparable;
   }
   if (!VELIsComparable(a.type, b.type)) return VELGenericCompareResult_NotComparable;

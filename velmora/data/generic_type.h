@@ -1,6 +1,8 @@
-// data/generic_type.h: the tagged value that carries every number, date and pointer across the library's border.
+// data/generic_type.h: the tagged value that carries every number, date and pointer across the library's
+// border.
 //
-// Values are converted only when they are read; no read-out fails. Elements in bulk are data/element_converter.h.
+// Values are converted only when they are read; no read-out fails. Elements in bulk are
+// data/element_converter.h.
 #pragma once
 
 #include <cstdint>
@@ -89,7 +91,9 @@ struct VELMORA_API VELGenericType {
       : VELGenericType(static_cast<int64_t>(value > INT64_MAX ? INT64_MAX : value)) {}
   VELGenericType(float value) : type(VELDataType_Float) { data.floatValue = value; }
   VELGenericType(double value) : type(VELDataType_Double) { data.doubleValue = value; }
-  VELGenericType(VELDate value) : type(VELDataType_DateTime) { data.doubleValue = value.timeIntervalSince1970(); }
+  VELGenericType(VELDate value) : type(VELDataType_DateTime) {
+    data.doubleValue = value.timeIntervalSince1970();
+  }
   VELGenericType(const int8_t* value) : type(VELDataType_CharPtr) { data.bytePointer = value; }
   VELGenericType(const int16_t* value) : type(VELDataType_Int16Ptr) { data.int16Pointer = value; }
   VELGenericType(const int32_t* value) : type(VELDataType_Int32Ptr) { data.int32Pointer = value; }
@@ -112,20 +116,20 @@ using VELObjectReference = std::variant<VELDate, const VELArray*, const void*>;
 /// `VELObjectReference`. Any other encoding gives tag None.
 VELMORA_API VELGenericType VEL_constructGenericType(const void* value, std::string_view encoding);
 
-/// A value of the given tag read through @p value: as many bytes as the tag's scalar has, a `VELDate` for DateTime,
-/// eight bytes as they are for every other tag.
+/// A value of the given tag read through @p value: as many bytes as the tag's scalar has, a `VELDate` for
+/// DateTime, eight bytes as they are for every other tag.
 VELMORA_API VELGenericType VEL_constructGenericTypeWithInfo(const void* value, VELDataType type);
 
-// Read-outs. Integers keep their low bits when narrowed; floating values are truncated toward zero and saturate,
-// NaN gives 0. A tag without a number gives 0, NaN, nothing or null.
+// Read-outs. Integers keep their low bits when narrowed; floating values are truncated toward zero and
+// saturate, NaN gives 0. A tag without a number gives 0, NaN, nothing or null.
 VELMORA_API int8_t VELGenericChar(VELGenericType value);
 VELMORA_API int16_t VELGenericShort(VELGenericType value);
 VELMORA_API int32_t VELGenericInt(VELGenericType value);
 VELMORA_API int64_t VELGenericLong(VELGenericType value);
 VELMORA_API float VELGenericFloat(VELGenericType value);
 VELMORA_API double VELGenericDouble(VELGenericType value);
-/// The moment that many seconds after 1970; nothing for NaN, and on purpose for Int64 and Byte values too: those
-/// are counters, not seconds.
+/// The moment that many seconds after 1970; nothing for NaN, and on purpose for Int64 and Byte values too:
+/// those are counters, not seconds.
 VELMORA_API std::optional<VELDate> VELGenericDate(VELGenericType value);
 VELMORA_API const VELArray* VELGenericArray(VELGenericType value);
 VELMORA_API const int8_t* VELGenericCharPtr(VELGenericType value);
@@ -142,9 +146,9 @@ enum VELGenericCompareResult : int32_t {
   VELGenericCompareResult_Greater = 3,  ///< the first is above the second
 };
 
-/// The order of two values: integers exactly, floating values equal within 2.220446049250313e-16, pointers and
-/// objects only equal or not. NaN is comparable with nothing, a date only with dates and doubles; an integer meets
-/// a date in whole seconds on purpose.
+/// The order of two values: integers exactly, floating values equal within 2.220446049250313e-16, pointers
+/// and objects only equal or not. NaN is comparable with nothing, a date only with dates and doubles; an
+/// integer meets a date in whole seconds on purpose.
 VELMORA_API VELGenericCompareResult VELGenericCompare(VELGenericType a, VELGenericType b);
 
 /// For messages and debuggers, such as "Double 2.5".

@@ -22,7 +22,8 @@ VELPointSeries::VELPointSeries(std::shared_ptr<VELArrayController> xData,
       stores(_indices, VELDataType_Int32)) {
     return;
   }
-  throw VELInvalidArgumentException("PointSeries needs Double columns for x and y and an Int32 column of indices");
+  throw VELInvalidArgumentException(
+      "PointSeries needs Double columns for x and y and an Int32 column of indices");
 }
 
 int64_t VELPointSeries::count() const {

@@ -58,8 +58,8 @@ class VELMORA_API VELRange : public std::enable_shared_from_this<VELRange> {
 
   /// Widens in place by fractions of the span. @return the receiver
   virtual VELRange& growMinBy(VELGenericType minFraction, VELGenericType maxFraction) = 0;
-  /// In log space the widened range is a new one and the receiver stays as it is. Otherwise the receiver is widened
-  /// and handed back; a receiver that no shared pointer owns hands back a clone of itself.
+  /// In log space the widened range is a new one and the receiver stays as it is. Otherwise the receiver is
+  /// widened and handed back; a receiver that no shared pointer owns hands back a clone of itself.
   virtual VELRangePtr growMinBy(VELGenericType minFraction, VELGenericType maxFraction, bool isLogarithmic,
                                 double logBase) = 0;
   /// Clips in place. @return the receiver

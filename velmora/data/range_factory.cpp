@@ -36,10 +36,14 @@ VELRangePtr VELRangeFactory::clone(const VELRange& range, VELGenericType min, VE
 
 VELRangePtr VELRangeFactory::getRangeOfType(VELDataType type, VELGenericType min, VELGenericType max) {
   switch (type) {
-    case VELDataType_Int32: return getRangeWithRangeType(typeid(VELIntegerRange), min, max);
-    case VELDataType_DateTime: return getRangeWithRangeType(typeid(VELDateRange), min, max);
-    case VELDataType_Float: return getRangeWithRangeType(typeid(VELFloatRange), min, max);
-    default: return getRangeWithRangeType(typeid(VELDoubleRange), min, max);
+    case VELDataType_Int32:
+      return getRangeWithRangeType(typeid(VELIntegerRange), min, max);
+    case VELDataType_DateTime:
+      return getRangeWithRangeType(typeid(VELDateRange), min, max);
+    case VELDataType_Float:
+      return getRangeWithRangeType(typeid(VELFloatRange), min, max);
+    default:
+      return getRangeWithRangeType(typeid(VELDoubleRange), min, max);
   }
 }
 

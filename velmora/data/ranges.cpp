@@ -33,7 +33,8 @@ bool VELIndexRange::isDefined() const { return _min >= 0 && _max >= 0 && _max > 
 VELRange& VELIndexRange::growMinBy(VELGenericType minFraction, VELGenericType maxFraction) {
   const auto span = static_cast<double>(VELIntegerBound::difference(_max, _min));
   const auto side = [span](double bound) { return span == 0.0 ? bound : span; };
-  const int32_t newMin = VELIntegerBound::moved(_min, -std::round(VELGenericDouble(minFraction) * side(_min)));
+  const int32_t newMin =
+      VELIntegerBound::moved(_min, -std::round(VELGenericDouble(minFraction) * side(_min)));
   const int32_t newMax = VELIntegerBound::moved(_max, std::round(VELGenericDouble(maxFraction) * side(_max)));
   setOrdered(newMin, newMax);
   return *this;
@@ -51,7 +52,8 @@ bool VELDateRange::isZero() const { return _max - _min <= VELDateBound::epsilon;
 bool VELDateRange::equals(const VELRange* other) const { return equalsAs<VELDateRange>(other); }
 
 VELRangePtr VELDateRange::unionWith(const VELRange& other) const {
-  return VELRangeFactory::getRangeWithRangeType(typeid(*this), std::fmin(_min, VELDateBound::from(other.min())),
+  return VELRangeFactory::getRangeWithRangeType(typeid(*this),
+                                                std::fmin(_min, VELDateBound::from(other.min())),
                                                 std::fmax(_max, VELDateBound::from(other.max())));
 }
 

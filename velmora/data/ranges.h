@@ -45,8 +45,8 @@ class VELMORA_API VELIntegerRange : public VELScalarRange<VELIntegerBound> {
 
 /// First and last index of a run of points, both included.
 ///
-/// Kept apart from the integer range in three ways that are meant: a negative bound makes it undefined, growing
-/// rounds half away from zero, and the grown bounds are put in order.
+/// Kept apart from the integer range in three ways that are meant: a negative bound makes it undefined,
+/// growing rounds half away from zero, and the grown bounds are put in order.
 class VELMORA_API VELIndexRange : public VELScalarRange<VELIntegerBound> {
  public:
   VELIndexRange() = default;
@@ -87,7 +87,8 @@ class VELMORA_API VELRangeFactory {
   /// A clone with other bounds, put in order.
   static VELRangePtr clone(const VELRange& range, VELGenericType min, VELGenericType max);
   /// As above, clamped when a limit is given; clamped bounds are not put in order.
-  static VELRangePtr clone(const VELRange& range, VELGenericType min, VELGenericType max, const VELRange* limit);
+  static VELRangePtr clone(const VELRange& range, VELGenericType min, VELGenericType max,
+                           const VELRange* limit);
   /// Int32, DateTime and Float give their range, every other tag a double range; never an index range.
   /// The bounds stay in the order given; a NaN bound gives an undefined range.
   static VELRangePtr getRangeOfType(VELDataType type, VELGenericType min, VELGenericType max);

@@ -7,7 +7,8 @@
 
 #include "velmora/platform/export.h"
 
-/// Bytes of the C allocator, uninitialised on purpose: a column is written once, not cleared and then written.
+/// Bytes of the C allocator, uninitialised on purpose: a column is written once, not cleared and then
+/// written.
 ///
 /// Always true: moved, never copied; freed with its owner.
 class VELMORA_API VELRawBuffer {
@@ -22,6 +23,7 @@ class VELMORA_API VELRawBuffer {
 
  private:
   struct Free {
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): this is the owner, and realloc's memory goes back so.
     void operator()(void* bytes) const { std::free(bytes); }
   };
   std::unique_ptr<void, Free> _bytes;

@@ -41,8 +41,7 @@ std::shared_ptr<VELPointSeries> VELPointSeriesToFill(const std::shared_ptr<VELPo
 
 bool VELPointResampler::o_requiresReductionWithMode(VELResamplingMode mode, const VELIndexRange& pointRange,
                                                     int32_t viewportWidth) {
-  return mode != VELResamplingMode_None &&
-         VELGenericInt(pointRange.diff()) >= 4 * int64_t{viewportWidth};
+  return mode != VELResamplingMode_None && VELGenericInt(pointRange.diff()) >= 4 * int64_t{viewportWidth};
 }
 
 std::shared_ptr<VELPointSeries> VELPointResampler::o_executeMode(
@@ -59,7 +58,9 @@ std::shared_ptr<VELPointSeries> VELPointResampler::o_executeMode(
   if (mode == VELResamplingMode_Auto) mode = autoMode(_isEvenlySpacedData, _isSortedData);
   PointSeriesPtr points;
   switch (mode) {
-    case VELResamplingMode_None: points = o_resampleWithoutReduction(pointRange, xColumn, yColumn, last); break;
+    case VELResamplingMode_None:
+      points = o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
+      break;
     case VELResamplingMode_MinMax:
       points = o_reducePointsMinMax(pointRange, xColumn, yColumn, viewportWidth, last);
       break;
@@ -73,9 +74,11 @@ std::shared_ptr<VELPointSeries> VELPointResampler::o_executeMode(
       points = o_reducePointsMin(pointRange, xColumn, yColumn, viewportWidth, last);
       break;
     case VELResamplingMode_MinMaxUnevenlySpaced:
-      points = o_reducePointsMinMaxUnevenlySpaced(pointRange, visibleRange, xColumn, yColumn, viewportWidth, last);
+      points =
+          o_reducePointsMinMaxUnevenlySpaced(pointRange, visibleRange, xColumn, yColumn, viewportWidth, last);
       break;
-    default: break;
+    default:
+      break;
   }
   if (!points) throw VELInvalidArgumentException("Resampling mode has not been handled.");
   return points;

@@ -15,11 +15,11 @@
 
 /// How many points are reduced to few. A bucket is a run of points of equal number.
 enum VELResamplingMode : int32_t {
-  VELResamplingMode_None = 0,    ///< every point
-  VELResamplingMode_MinMax = 1,  ///< minimum, then maximum of each bucket
-  VELResamplingMode_Mid = 2,     ///< middle between minimum and maximum of each bucket
-  VELResamplingMode_Max = 3,     ///< maximum of each bucket
-  VELResamplingMode_Min = 4,     ///< minimum of each bucket
+  VELResamplingMode_None = 0,                  ///< every point
+  VELResamplingMode_MinMax = 1,                ///< minimum, then maximum of each bucket
+  VELResamplingMode_Mid = 2,                   ///< middle between minimum and maximum of each bucket
+  VELResamplingMode_Max = 3,                   ///< maximum of each bucket
+  VELResamplingMode_Min = 4,                   ///< minimum of each bucket
   VELResamplingMode_MinMaxUnevenlySpaced = 5,  ///< first, minimum, maximum, last of each pixel column
   VELResamplingMode_Auto = 6,  ///< MinMax for even spacing, MinMaxUnevenlySpaced for sorted x, else None
 };
@@ -88,12 +88,9 @@ class VELMORA_API VELPointResampler {
   /// For ascending x: the visible range, cut to the data, is parted into as many columns as the viewport is
   /// wide; each gives its first, minimum, maximum and last point in index order, each once. The nearest point
   /// outside on each side stays, a run of NaN gives one gap point. At most 4 × width + 2 points.
-  virtual PointSeriesPtr o_reducePointsMinMaxUnevenlySpaced(const VELIndexRange& pointRange,
-                                                            const VELRange& visibleRange,
-                                                            const VELArrayController& xColumn,
-                                                            const VELArrayController& yColumn,
-                                                            int32_t viewportWidth,
-                                                            const PointSeriesPtr& last);
+  virtual PointSeriesPtr o_reducePointsMinMaxUnevenlySpaced(
+      const VELIndexRange& pointRange, const VELRange& visibleRange, const VELArrayController& xColumn,
+      const VELArrayController& yColumn, int32_t viewportWidth, const PointSeriesPtr& last);
 
  private:
   bool _isFifoData = false;

@@ -35,19 +35,22 @@ Reduced extremeAt(const T* y, int64_t first, int64_t count, int64_t at) {
   return {static_cast<double>(y[first + at]), first + at};
 }
 
-/// x of each bucket's last point, @p perBucket times.
-template <typename T>
-void writeBucketX(const T* x, const Buckets& buckets, int64_t perBucket, double* out) {
+/// x of each bucket's last point, as often as the bucket gives points.
+template <int64_t pointsPerBucket, typename T>
+void writeBucketX(const T* x, const Buckets& buckets, double* out) {
   for (int64_t bucket = 0; bucket < buckets.full; ++bucket) {
     const double value = static_cast<double>(x[buckets.last(bucket)]);
-    for (int64_t i = 0; i < perBucket; ++i) *out++ = value;
+    for (int64_t i = 0; i < pointsPerBucket; ++i) *out++ = value;
   }
 }
 
+// What one bucket gives, written to its place in the columns.
+
 struct MinMaxPair {
+  static constexpr int64_t kPoints = 2;
   template <typename T>
-  static void write(const T* y, int64_t first, int64_t count, double* outY, int32_t* outIndex) {
-    const VELExtremes found = VELFindExtremes(y + first, count);
+  static void write(const T* y, int64_t first, int64_t count, VELExtremes found, double* outY,
+                    int32_t* outIndex) {
     const Reduced low = extremeAt(y, first, count, found.minAt);
     const Reduced high = extremeAt(y, first, count, found.maxAt);
     outY[0] = low.y;
@@ -58,27 +61,32 @@ struct MinMaxPair {
 };
 
 struct Maximum {
+  static constexpr int64_t kPoints = 1;
   template <typename T>
-  static void write(const T* y, int64_t first, int64_t count, double* outY, int32_t* outIndex) {
-    const Reduced high = extremeAt(y, first, count, VELFindExtremes(y + first, count).maxAt);
+  static void write(const T* y, int64_t first, int64_t count, VELExtremes found, double* outY,
+                    int32_t* outIndex) {
+    const Reduced high = extremeAt(y, first, count, found.maxAt);
     *outY = high.y;
     *outIndex = static_cast<int32_t>(high.index);
   }
 };
 
 struct Minimum {
+  static constexpr int64_t kPoints = 1;
   template <typename T>
-  static void write(const T* y, int64_t first, int64_t count, double* outY, int32_t* outIndex) {
-    const Reduced low = extremeAt(y, first, count, VELFindExtremes(y + first, count).minAt);
+  static void write(const T* y, int64_t first, int64_t count, VELExtremes found, double* outY,
+                    int32_t* outIndex) {
+    const Reduced low = extremeAt(y, first, count, found.minAt);
     *outY = low.y;
     *outIndex = static_cast<int32_t>(low.index);
   }
 };
 
 struct Middle {
+  static constexpr int64_t kPoints = 1;
   template <typename T>
-  static void write(const T* y, int64_t first, int64_t count, double* outY, int32_t* outIndex) {
-    const VELExtremes found = VELFindExtremes(y + first, count);
+  static void write(const T* y, int64_t first, int64_t count, VELExtremes found, double* outY,
+                    int32_t* outIndex) {
     const double low = extremeAt(y, first, count, found.minAt).y;
     const double high = extremeAt(y, first, count, found.maxAt).y;
     *outY = (high + low) * 0.5;
@@ -86,30 +94,43 @@ struct Middle {
   }
 };
 
-/// All full buckets; columns of any type, the type chosen once for each.
+template <typename Writer, typename T, typename Find>
+void writeEachBucket(const Buckets& buckets, const T* y, const VELPointBuffers& out, Find find) {
+  for (int64_t bucket = 0; bucket < buckets.full; ++bucket) {
+    const int64_t first = buckets.first(bucket);
+    const int64_t at = bucket * Writer::kPoints;
+    Writer::write(y, first, buckets.size, find(y + first, buckets.size), out.y + at, out.index + at);
+  }
+}
+
+/// All full buckets; the types of the columns and the way to search a bucket are chosen once.
 template <typename Writer>
 void writeFullBuckets(const Buckets& buckets, const VELArrayController& xColumn,
-                      const VELArrayController& yColumn, int64_t perBucket, const VELPointBuffers& out) {
-  VELVisitElements(xColumn, [&](const auto* x) { writeBucketX(x, buckets, perBucket, out.x); });
+                      const VELArrayController& yColumn, const VELPointBuffers& out) {
+  VELVisitElements(xColumn, [&](const auto* x) { writeBucketX<Writer::kPoints>(x, buckets, out.x); });
   VELVisitElements(yColumn, [&](const auto* y) {
-    for (int64_t bucket = 0; bucket < buckets.full; ++bucket) {
-      const int64_t at = bucket * perBucket;
-      Writer::write(y, buckets.first(bucket), buckets.size, out.y + at, out.index + at);
+    if (buckets.size < kVELLongRun) {
+      const auto find = [](const auto* run, int64_t count) { return VELFindExtremesOfShortRun(run, count); };
+      writeEachBucket<Writer>(buckets, y, out, find);
+    } else {
+      const auto find = [](const auto* run, int64_t count) { return VELFindExtremesOfLongRun(run, count); };
+      writeEachBucket<Writer>(buckets, y, out, find);
     }
   });
 }
 
-/// What is left behind the full buckets gives a pair at the x of the column's last point, which may lie beyond
-/// the range: meant so, the line then reaches the end of the data.
+/// What is left behind the full buckets gives a pair at the x of the column's last point, which may lie
+/// beyond the range: meant so, the line then reaches the end of the data.
 void writeRest(const Buckets& buckets, const VELArrayController& xColumn, const VELArrayController& yColumn,
                const VELPointBuffers& out) {
   const int64_t at = 2 * buckets.full;
   const int64_t lastPoint = std::min(xColumn.count(), yColumn.count()) - 1;
-  VELVisitElements(xColumn, [&](const auto* x) {
-    out.x[at] = out.x[at + 1] = static_cast<double>(x[lastPoint]);
-  });
+  VELVisitElements(xColumn,
+                   [&](const auto* x) { out.x[at] = out.x[at + 1] = static_cast<double>(x[lastPoint]); });
   VELVisitElements(yColumn, [&](const auto* y) {
-    MinMaxPair::write(y, buckets.first(buckets.full), buckets.rest(), out.y + at, out.index + at);
+    const int64_t first = buckets.first(buckets.full);
+    const VELExtremes found = VELFindExtremes(y + first, buckets.rest());
+    MinMaxPair::write(y, first, buckets.rest(), found, out.y + at, out.index + at);
   });
 }
 
@@ -122,45 +143,53 @@ std::shared_ptr<VELPointSeries> onePerBucket(VELPointRun run, const VELArrayCont
   if (size < 1) return nullptr;
   const Buckets buckets(run, size);
   auto points = VELPointSeriesToFill(last, buckets.full);
-  writeFullBuckets<Writer>(buckets, xColumn, yColumn, 1, VELPointBuffers(*points));
+  writeFullBuckets<Writer>(buckets, xColumn, yColumn, VELPointBuffers(*points));
   return points;
 }
 
 }  // namespace
 
-std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMinMax(
-    const VELIndexRange& pointRange, const VELArrayController& xColumn, const VELArrayController& yColumn,
-    int32_t viewportWidth, const PointSeriesPtr& last) {
+std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMinMax(const VELIndexRange& pointRange,
+                                                                        const VELArrayController& xColumn,
+                                                                        const VELArrayController& yColumn,
+                                                                        int32_t viewportWidth,
+                                                                        const PointSeriesPtr& last) {
   const VELPointRun run = VELPointRunOf(pointRange, xColumn, yColumn);
   const int64_t size = VELBucketSize(run.count, viewportWidth);
   if (size < 1) return o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
   const Buckets buckets(run, size);
   auto points = VELPointSeriesToFill(last, 2 * buckets.full + (buckets.rest() > 0 ? 2 : 0));
   const VELPointBuffers out(*points);
-  writeFullBuckets<MinMaxPair>(buckets, xColumn, yColumn, 2, out);
+  writeFullBuckets<MinMaxPair>(buckets, xColumn, yColumn, out);
   if (buckets.rest() > 0) writeRest(buckets, xColumn, yColumn, out);
   return points;
 }
 
-std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMax(
-    const VELIndexRange& pointRange, const VELArrayController& xColumn, const VELArrayController& yColumn,
-    int32_t viewportWidth, const PointSeriesPtr& last) {
+std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMax(const VELIndexRange& pointRange,
+                                                                     const VELArrayController& xColumn,
+                                                                     const VELArrayController& yColumn,
+                                                                     int32_t viewportWidth,
+                                                                     const PointSeriesPtr& last) {
   const VELPointRun run = VELPointRunOf(pointRange, xColumn, yColumn);
   auto points = onePerBucket<Maximum>(run, xColumn, yColumn, viewportWidth, last);
   return points ? points : o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
 }
 
-std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMin(
-    const VELIndexRange& pointRange, const VELArrayController& xColumn, const VELArrayController& yColumn,
-    int32_t viewportWidth, const PointSeriesPtr& last) {
+std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMin(const VELIndexRange& pointRange,
+                                                                     const VELArrayController& xColumn,
+                                                                     const VELArrayController& yColumn,
+                                                                     int32_t viewportWidth,
+                                                                     const PointSeriesPtr& last) {
   const VELPointRun run = VELPointRunOf(pointRange, xColumn, yColumn);
   auto points = onePerBucket<Minimum>(run, xColumn, yColumn, viewportWidth, last);
   return points ? points : o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
 }
 
-std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMid(
-    const VELIndexRange& pointRange, const VELArrayController& xColumn, const VELArrayController& yColumn,
-    int32_t viewportWidth, const PointSeriesPtr& last) {
+std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMid(const VELIndexRange& pointRange,
+                                                                     const VELArrayController& xColumn,
+                                                                     const VELArrayController& yColumn,
+                                                                     int32_t viewportWidth,
+                                                                     const PointSeriesPtr& last) {
   const VELPointRun run = VELPointRunOf(pointRange, xColumn, yColumn);
   auto points = onePerBucket<Middle>(run, xColumn, yColumn, viewportWidth, last);
   return points ? points : o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);

@@ -28,12 +28,12 @@ int64_t VELBucketSize(int64_t pointCount, int32_t viewportWidth);
 std::shared_ptr<VELPointSeries> VELPointSeriesToFill(const std::shared_ptr<VELPointSeries>& last,
                                                      int64_t count);
 
-/// The three buffers of a point series.
+/// The three buffers of a point series, which made sure of their types.
 struct VELPointBuffers {
   explicit VELPointBuffers(const VELPointSeries& points)
-      : x(points.xValues()->doubleData()),
-        y(points.yValues()->doubleData()),
-        index(points.indices()->int32Data()) {}
+      : x(static_cast<double*>(points.xValues()->data())),
+        y(static_cast<double*>(points.yValues()->data())),
+        index(static_cast<int32_t*>(points.indices()->data())) {}
   double* x;
   double* y;
   int32_t* index;

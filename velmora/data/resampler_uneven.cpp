@@ -174,8 +174,8 @@ void p_VEL_o_getXRangeFrom(const VELArrayController& xColumn, VELPointRun run, c
 }
 
 template <typename T>
-int64_t p_VEL_o_reducePointUnevenImpl(VELPointRun run, const Layout& layout, const VELArrayController& xColumn,
-                                      const T* y, int32_t* out) {
+int64_t p_VEL_o_reducePointUnevenImpl(VELPointRun run, const Layout& layout,
+                                      const VELArrayController& xColumn, const T* y, int32_t* out) {
   const void* x = xColumn.data();
   const VELSortedSearch firstNotBelow = VELFirstNotBelowSearch(xColumn.type());
   ColumnReducer<T> reducer(y, out);

@@ -9,17 +9,22 @@
 
 namespace {
 
-// A bound that is NaN counts as absent: the other one stands. So do these two differ from std::min and std::max.
+// A bound that is NaN counts as absent: the other one stands. So do these two differ from std::min and
+// std::max.
 template <typename T>
 T smaller(T a, T b) {
-  if constexpr (std::is_floating_point_v<T>) return std::fmin(a, b);
-  else return std::min(a, b);
+  if constexpr (std::is_floating_point_v<T>)
+    return std::fmin(a, b);
+  else
+    return std::min(a, b);
 }
 
 template <typename T>
 T larger(T a, T b) {
-  if constexpr (std::is_floating_point_v<T>) return std::fmax(a, b);
-  else return std::max(a, b);
+  if constexpr (std::is_floating_point_v<T>)
+    return std::fmax(a, b);
+  else
+    return std::max(a, b);
 }
 
 }  // namespace
@@ -27,7 +32,8 @@ T larger(T a, T b) {
 template <typename Bound>
 bool VELScalarRange<Bound>::isDefined() const {
   if constexpr (std::is_floating_point_v<Value>) {
-    // The difference against -epsilon, not max + epsilon against min: the latter loses epsilon on large values.
+    // The difference against -epsilon, not max + epsilon against min: the latter loses epsilon on large
+    // values.
     return _max - _min > -Bound::epsilon;
   } else {
     return _max > _min;
@@ -130,7 +136,8 @@ VELRange& VELScalarRange<Bound>::clipTo(const VELRange& limits) {
   const Value limitMax = Bound::from(limits.max());
   Value newMin = larger(_min, limitMin);
   if (newMin > limitMax) newMin = limitMin;
-  // Compared with the own min, not with the limit's, on purpose: only a range wholly above its limit opens to it.
+  // Compared with the own min, not with the limit's, on purpose: only a range wholly above its limit opens to
+  // it.
   Value newMax = smaller(_max, limitMax);
   if (newMax < _min) newMax = limitMax;
   if (newMin > newMax) {

@@ -1,13 +1,14 @@
 // data/sorted_search.h: where a value belongs in ascending elements.
 //
-// Internal. Both searches leap forward from where they start in doubling steps and then halve: what is near is
-// found in the cache lines next to it. Elements are compared as doubles; NaN has no place in an order and is
-// passed over.
-// Always true: the answer lies in [first, last], whatever the elements are.
+// Internal. Both searches leap forward from where they start in doubling steps and then halve: what is near
+// is found in the cache lines next to it. Elements are compared as doubles; NaN has no place in an order and
+// is passed over. Always true: the answer lies in [first, last], whatever the elements are.
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
+#include <type_traits>
 
 #include "velmora/data/array_controller.h"
 #include "velmora/data/element_type.h"
@@ -15,7 +16,9 @@
 /// The element at @p index, or the next one that is a number; @p last when there is none.
 template <typename T>
 int64_t VELNextNumber(const T* values, int64_t index, int64_t last) {
-  while (index < last && values[index] != values[index]) ++index;
+  if constexpr (std::is_floating_point_v<T>) {
+    while (index < last && std::isnan(values[index])) ++index;
+  }
   return index;
 }
 
@@ -62,7 +65,8 @@ inline VELSortedSearch VELFirstAboveSearch(VELDataType type) {
   return VELVisitElementType(type, [](auto element) -> VELSortedSearch {
     using T = typename decltype(element)::type;
     return [](const void* values, int64_t first, int64_t last, double value) {
-      return VELFirstNot(static_cast<const T*>(values), first, last, [value](double x) { return x <= value; });
+      return VELFirstNot(static_cast<const T*>(values), first, last,
+                         [value](double x) { return x <= value; });
     };
   });
 }

@@ -15,7 +15,9 @@ struct VELExactOrder {
     return a > b ? VELGenericCompareResult_Greater : VELGenericCompareResult_Equal;
   }
   /// Unsigned: the distance of two 64-bit numbers need not fit a signed one.
-  static uint64_t distance(Key low, Key high) { return static_cast<uint64_t>(high) - static_cast<uint64_t>(low); }
+  static uint64_t distance(Key low, Key high) {
+    return static_cast<uint64_t>(high) - static_cast<uint64_t>(low);
+  }
 };
 
 /// Floating values, equal within one machine epsilon (absolute); NaN is comparable with nothing.
@@ -35,8 +37,8 @@ constexpr bool VELIsComparable(VELDataType a, VELDataType b) {
   return a != VELDataType_DateTime || b == VELDataType_Double || b == VELDataType_DateTime;
 }
 
-/// Whether comparable tags are compared as integers. A date that stands second meets an integer in whole seconds,
-/// on purpose.
+/// Whether comparable tags are compared as integers. A date that stands second meets an integer in whole
+/// seconds, on purpose.
 constexpr bool VELIsExactOrder(VELDataType a, VELDataType b) {
   return a <= VELDataType_Byte && (b <= VELDataType_Byte || b == VELDataType_DateTime);
 }

@@ -36,6 +36,11 @@ struct VELTextMask {
   int32_t width = 0;   ///< pixels
   int32_t height = 0;  ///< pixels
   std::vector<uint8_t> coverage;
+
+  /// Of one pixel, which must be inside.
+  uint8_t at(int32_t x, int32_t y) const {
+    return coverage[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
+  }
 };
 
 /// Measures and rasterises text. One instance serves the process.

@@ -53,7 +53,8 @@ void VELView::layoutIfNeeded() {
 
 bool VELView::isTreeDirty() const {
   return _needsLayout || needsDisplay() ||
-         std::any_of(_subviews.begin(), _subviews.end(), [](const auto& view) { return view->isTreeDirty(); });
+         std::any_of(_subviews.begin(), _subviews.end(),
+                     [](const auto& view) { return view->isTreeDirty(); });
 }
 
 void VELView::compose(VELComposer&, const VELRect&) {}

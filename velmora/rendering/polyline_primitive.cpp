@@ -2,24 +2,45 @@
 
 #include <algorithm>
 
-#include "velmora/rendering/thick_segment.h"
-
 namespace {
 
 constexpr uint32_t segmentCount = 4;  // vertices, and as many indices, of one segment
 constexpr uint32_t turnCount = 2;     // the same, more, where the strip is turned over
 
-// The two edges of a line swap sides when it turns from down to up. Only a line that also runs leftwards is
-// turned over; the other case is left as it is, and the picture of every chart depends on it staying so.
-bool isReversed(double px, double py, double qx, double qy) {
-  return px > qx && (qy > py || std::abs(py - qy) < DBL_EPSILON);
+}  // namespace
+
+inline void VELPolylinePrimitive::Head::moveTo(double x, double y) { *this = {x, y, false, false, false}; }
+
+inline void VELPolylinePrimitive::Head::leaveGap(double x, double y) {
+  *this = {x, y, false, false, _hasSegment || _startsBehindGap};
 }
 
-}  // namespace
+inline void VELPolylinePrimitive::Head::lineTo(double x, double y) {
+  // The two edges of a line swap sides when it turns from down to up. Only a line that also runs leftwards is
+  // turned over; the other case is left as it is, and the picture of every chart depends on it staying so.
+  const bool isReversed = _lastX > x && (y > _lastY || std::abs(_lastY - y) < DBL_EPSILON);
+  *this = {x, y, isReversed, true, false};
+}
+
+// The segment from P to Q, behind the turned edge at P where the strip is turned over. @return the next place
+inline VELVertex* VELPolylinePrimitive::writeSegment(VELVertex* vertices, double px, double py, double qx,
+                                                     double qy, const VELThickSegment& edge, const Tint& from,
+                                                     const Tint& to, bool turns) {
+  const double ax = double{edge.x}, ay = double{edge.y};
+  if (turns) {
+    *vertices++ = vertex(px - ax, py - ay, from);
+    *vertices++ = vertex(px + ax, py + ay, from);
+  }
+  vertices[0] = vertex(px + ax, py + ay, from);
+  vertices[1] = vertex(px - ax, py - ay, from);
+  vertices[2] = vertex(qx + ax, qy + ay, to);
+  vertices[3] = vertex(qx - ax, qy - ay, to);
+  return vertices + segmentCount;
+}
 
 uint32_t VELPolylinePrimitive::o_beginPolylinePrimitiveWithBrush(const VELPenPtr& pen, double x, double y) {
   if (!isConnected() || !pen) return 0;
-  p_VEL_moveTo(x, y);
+  _head.moveTo(x, y);
   _command->o_addBrushCommandWithBrush(pen);
   if (hasRoomFor(0)) _command->o_addDrawPolylineCommandWithStart(indexHead(), 0, true);
   return 0;
@@ -29,30 +50,22 @@ uint32_t VELPolylinePrimitive::o_extendPolylinePrimitiveWithBrush(const VELPenPt
   if (!isConnected()) return 0;
   if (!pen) return nothingOnPurpose;
   const float thickness = pen->strokeThickness();
-  for (const double value : {x, y, _lastX, _lastY, double{thickness}}) {
+  for (const double value : {x, y, _head._lastX, _head._lastY, double{thickness}}) {
     if (VELIsDrawable(value)) continue;
-    p_VEL_leaveGap(x, y);
+    _head.leaveGap(x, y);
     return nothingOnPurpose;
   }
-  const bool turns = p_VEL_turnsStrip(y);
+  const bool turns = _head.turnsStrip(y);
   const uint32_t count = turns ? segmentCount + turnCount : segmentCount;
   if (!hasRoomFor(count)) return 0;
 
   _command->o_addBrushCommandWithBrush(pen);
-  _command->o_addDrawPolylineCommandWithStart(indexHead(), count, _startsBehindGap);
-  const VELThickSegment edge = VELMakeThickSegment(_lastX, _lastY, x, y, thickness);
+  _command->o_addDrawPolylineCommandWithStart(indexHead(), count, _head._startsBehindGap);
+  const VELThickSegment edge = VELMakeThickSegment(_head._lastX, _head._lastY, x, y, thickness);
   const Tint to = tintAt(*pen, x, y);
-  const Tint from = pen->variativeColor() ? tintAt(*pen, _lastX, _lastY) : to;
-  VELVertex* vertices = takeConsecutive(count);
-  if (turns) {
-    *vertices++ = vertex(_lastX - double{edge.x}, _lastY - double{edge.y}, from);
-    *vertices++ = vertex(_lastX + double{edge.x}, _lastY + double{edge.y}, from);
-  }
-  vertices[0] = vertex(_lastX + double{edge.x}, _lastY + double{edge.y}, from);
-  vertices[1] = vertex(_lastX - double{edge.x}, _lastY - double{edge.y}, from);
-  vertices[2] = vertex(x + double{edge.x}, y + double{edge.y}, to);
-  vertices[3] = vertex(x - double{edge.x}, y - double{edge.y}, to);
-  p_VEL_lineTo(x, y);
+  const Tint from = pen->variativeColor() ? tintAt(*pen, _head._lastX, _head._lastY) : to;
+  writeSegment(takeConsecutive(count), _head._lastX, _head._lastY, x, y, edge, from, to, turns);
+  _head.lineTo(x, y);
   return count;
 }
 
@@ -79,9 +92,9 @@ uint32_t VELPolylinePrimitive::o_drawPolylinePrimitiveWithBrush(const VELPenPtr&
       static_cast<uint32_t>(info.dbi_bufferSize) - std::max(info.dbi_vertexHead, info.dbi_indexHead);
   if (room < segmentCount + reserve) return 0;
 
-  p_VEL_moveTo(xs[start], ys[start]);
+  _head.moveTo(xs[start], ys[start]);
   if (!VELIsDrawable(pen->strokeThickness())) {
-    p_VEL_moveTo(xs[points - 1], ys[points - 1]);
+    _head.moveTo(xs[points - 1], ys[points - 1]);
     return static_cast<uint32_t>(points - 1 - start);
   }
   _command->o_addBrushCommandWithBrush(pen);
@@ -111,61 +124,43 @@ uint32_t VELPolylinePrimitive::o_drawPolylinePrimitiveWithBrush(const VELPenPtr&
 template <bool variative>
 void VELPolylinePrimitive::p_VEL_drawSegments(Batch& batch, const VELPen2D& pen) {
   const float thickness = pen.strokeThickness();
-  Tint to = tintAt(pen, _lastX, _lastY);
-  for (; batch.next < batch.points; ++batch.next) {
-    const double x = batch.x[batch.next], y = batch.y[batch.next];
-    if (!(VELIsDrawable(x) && VELIsDrawable(y) && VELIsDrawable(_lastX) && VELIsDrawable(_lastY))) {
-      p_VEL_leaveGap(x, y);
+  Head head = _head;
+  VELVertex* vertices = batch.vertices;
+  uint16_t* indices = batch.indices;
+  uint32_t number = batch.vertexHead, budget = batch.budget;
+  bool isDrawable = VELIsDrawable(head._lastX) && VELIsDrawable(head._lastY);
+  Tint to;
+  if (!variative || isDrawable) to = tintAt(pen, head._lastX, head._lastY);
+  size_t next = batch.next;
+  for (; next < batch.points; ++next) {
+    const double x = batch.x[next], y = batch.y[next];
+    const bool wasDrawable = isDrawable;
+    const Tint from = to;
+    isDrawable = VELIsDrawable(x) && VELIsDrawable(y);
+    if (variative && isDrawable) to = tintAt(pen, x, y);
+    if (!(wasDrawable && isDrawable)) {
+      head.leaveGap(x, y);
       continue;
     }
-    const bool turns = p_VEL_turnsStrip(y);
+    const bool turns = head.turnsStrip(y);
     const uint32_t count = turns ? segmentCount + turnCount : segmentCount;
-    const uint32_t cost = _startsBehindGap ? count + restartMargin : count;
-    if (cost > batch.budget) return;
-    batch.budget -= cost;
-    if (_startsBehindGap) {
-      batch.indices[0] = batch.indices[-1];
-      batch.indices[1] = static_cast<uint16_t>(batch.vertexHead);
-      batch.indices += restartMargin;
+    const uint32_t cost = head._startsBehindGap ? count + restartMargin : count;
+    if (cost > budget) break;
+    budget -= cost;
+    if (head._startsBehindGap) {
+      indices[0] = indices[-1];
+      indices[1] = static_cast<uint16_t>(number);
+      indices += restartMargin;
     }
-
-    const VELThickSegment edge = VELMakeThickSegment(_lastX, _lastY, x, y, thickness);
-    const Tint from = to;
-    if constexpr (variative) to = tintAt(pen, x, y);
-    const double ax = edge.x, ay = edge.y;
-    VELVertex* vertices = batch.vertices;
-    if (turns) {
-      *vertices++ = vertex(_lastX - ax, _lastY - ay, from);
-      *vertices++ = vertex(_lastX + ax, _lastY + ay, from);
-    }
-    vertices[0] = vertex(_lastX + ax, _lastY + ay, from);
-    vertices[1] = vertex(_lastX - ax, _lastY - ay, from);
-    vertices[2] = vertex(x + ax, y + ay, to);
-    vertices[3] = vertex(x - ax, y - ay, to);
-    for (uint32_t i = 0; i < count; ++i) batch.indices[i] = static_cast<uint16_t>(batch.vertexHead + i);
-    batch.vertices += count;
-    batch.indices += count;
-    batch.vertexHead += count;
-    p_VEL_lineTo(x, y);
+    const VELThickSegment edge = VELMakeThickSegment(head._lastX, head._lastY, x, y, thickness);
+    vertices = writeSegment(vertices, head._lastX, head._lastY, x, y, edge, from, to, turns);
+    for (uint32_t i = 0; i < count; ++i) indices[i] = static_cast<uint16_t>(number + i);
+    indices += count;
+    number += count;
+    head.lineTo(x, y);
   }
-}
-
-void VELPolylinePrimitive::p_VEL_moveTo(double x, double y) {
-  _lastX = x;
-  _lastY = y;
-  _isLastSegmentReversed = _hasSegment = _startsBehindGap = false;
-}
-
-void VELPolylinePrimitive::p_VEL_leaveGap(double x, double y) {
-  const bool joined = _hasSegment || _startsBehindGap;
-  p_VEL_moveTo(x, y);
-  _startsBehindGap = joined;
-}
-
-void VELPolylinePrimitive::p_VEL_lineTo(double x, double y) {
-  _isLastSegmentReversed = isReversed(_lastX, _lastY, x, y);
-  _lastX = x;
-  _lastY = y;
-  _hasSegment = true;
-  _startsBehindGap = false;
+  _head = head;
+  batch.next = next;
+  batch.vertexHead = number;
+  batch.indices = indices;
 }

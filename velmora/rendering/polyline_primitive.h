@@ -8,6 +8,7 @@
 #include <span>
 
 #include "velmora/rendering/drawing_primitive.h"
+#include "velmora/rendering/thick_segment.h"
 
 class VELPolylinePrimitive final : public VELDrawingPrimitive {
  public:
@@ -27,14 +28,20 @@ class VELPolylinePrimitive final : public VELDrawingPrimitive {
   template <bool variative>
   void p_VEL_drawSegments(Batch& batch, const VELPen2D& pen);
 
-  void p_VEL_moveTo(double x, double y);
-  void p_VEL_leaveGap(double x, double y);
-  void p_VEL_lineTo(double x, double y);
-  bool p_VEL_turnsStrip(double y) const { return _isLastSegmentReversed && _lastY > y; }
+  /// Where the line stands. A batch works on a copy, which the compiler keeps in registers.
+  struct Head {
+    double _lastX = 0.0;
+    double _lastY = 0.0;
+    bool _isLastSegmentReversed = false;
+    bool _hasSegment = false;       ///< a segment was written since the last start
+    bool _startsBehindGap = false;  ///< the next segment must not join the one before
 
-  double _lastX = 0.0;
-  double _lastY = 0.0;
-  bool _isLastSegmentReversed = false;
-  bool _hasSegment = false;       ///< a segment was written since the last start
-  bool _startsBehindGap = false;  ///< the next segment must not join the one before
+    void moveTo(double x, double y);
+    void leaveGap(double x, double y);
+    void lineTo(double x, double y);
+    bool turnsStrip(double y) const { return _isLastSegmentReversed && _lastY > y; }
+  };
+  static VELVertex* writeSegment(VELVertex* vertices, double px, double py, double qx, double qy,
+                                 const VELThickSegment& edge, const Tint& from, const Tint& to, bool turns);
+  Head _head;
 };

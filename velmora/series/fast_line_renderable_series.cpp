@@ -18,11 +18,15 @@ void VELFastLineRenderableSeries::setStyle(const VELLineSeriesStyle& style) {
   invalidateParentSurface();
 }
 
-// A style may outlive its place in the series, so the one that goes loses the callback.
+// A style may outlive its place in the series, so the one that goes loses the callback, and a copy of the
+// callback finds nobody once the series is gone.
 void VELFastLineRenderableSeries::adoptStyle(std::shared_ptr<VELLineSeriesStyle> style) {
   if (_style) _style->setStyleChanged(nullptr);
   _style = std::move(style);
-  if (_style) _style->setStyleChanged([this] { invalidateParentSurface(); });
+  if (!_style) return;
+  _style->setStyleChanged([alive = std::weak_ptr(_alive)] {
+    if (const auto self = alive.lock()) (*self)->invalidateParentSurface();
+  });
 }
 
 void VELFastLineRenderableSeries::internalDrawWithContext(VELRenderContext2D& context,

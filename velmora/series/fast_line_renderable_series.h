@@ -24,5 +24,7 @@ class VELMORA_API VELFastLineRenderableSeries : public VELRenderableSeriesBase {
  private:
   void adoptStyle(std::shared_ptr<VELLineSeriesStyle> style);
 
+  /// What the style's block holds weakly: it ends with the series.
+  std::shared_ptr<VELFastLineRenderableSeries*> _alive = std::make_shared<VELFastLineRenderableSeries*>(this);
   std::shared_ptr<VELLineSeriesStyle> _style;
 };

@@ -73,7 +73,8 @@ float VELRenderableSeriesBase::getDatapointWidthFrom(const VELPointSeries& point
       }
     });
   }
-  return static_cast<float>(width * widthFraction);
+  // Points without a place in common leave the largest double, which no float holds.
+  return static_cast<float>(std::min(width * widthFraction, double{std::numeric_limits<float>::max()}));
 }
 
 void VELRenderableSeriesBase::iterationInRenderPassData(

@@ -7,6 +7,7 @@
 #include "velmora/axes/axis_renderer.h"
 #include "velmora/data/data_series.h"
 #include "velmora/data/resampler.h"
+#include "velmora/data/saturate.h"
 #include "velmora/platform/exception.h"
 #include "velmora/rendering/render_surface_base.h"
 #include "velmora/surface/axis_walk.h"
@@ -42,36 +43,37 @@ bool anyAxis(const VELChartSurface& surface, Predicate holds) {
 
 }  // namespace
 
-uint32_t VELChartRenderer::o_renderLoop(VELRenderContext2D& context) {
+uint32_t VELChartRenderer::o_renderLoop(VELRenderContext2D* context) {
   uint32_t errorCode = VELSurfaceError_None;
   const auto surface = _parent.lock();
   if (!surface) return errorCode;
   if (!p_VEL_o_isSurfaceValid(*surface, errorCode)) {
     VELForEachAxis(surface->xAxes(), [](VELAxisBase& axis) { axis.clear(); });
     VELForEachAxis(surface->yAxes(), [](VELAxisBase& axis) { axis.clear(); });
-    context.clear();
+    if (context) context->clear();
     return errorCode;
   }
   const VELRect frame = p_VEL_o_layoutVelmora(surface.get());
   // Meant: a frame too small to draw leaves the last picture where it is, so nothing is cleared here.
-  if (!p_VEL_o_isSurfaceValid(*surface, frame.size(), errorCode)) return errorCode;
+  if (!p_VEL_o_isSurfaceValid(*surface, frame.size(), errorCode) || !context) return errorCode;
 
   const auto info = p_VEL_o_prepareRenderDataWithSurface(*surface, frame.size());
-  context.clear();
-  VELAxisRenderer::o_onDrawAxes(*surface, context);
-  o_onDrawSeriesToSurface(*surface, *info, context);
+  context->clear();
+  VELAxisRenderer::o_onDrawAxes(*surface, *context);
+  o_onDrawSeriesToSurface(*surface, *info, *context);
   o_secondaryRenderLoop();
   return errorCode;
 }
 
 void VELChartRenderer::o_secondaryRenderLoop() {
   const auto surface = _parent.lock();
-  const auto renderSurface = surface ? surface->renderSurface() : nullptr;
-  if (!renderSurface) return;
-  if (const auto modifierContext = renderSurface->modifierContext()) modifierContext->clear();
-  if (const auto backgroundContext = renderSurface->backgroundContext()) {
-    backgroundContext->clear();
-    surface->drawBackground(*backgroundContext);
+  if (!surface) return;
+  if (const auto renderSurface = surface->renderSurface()) {
+    if (const auto modifierContext = renderSurface->modifierContext()) modifierContext->clear();
+    if (const auto backgroundContext = renderSurface->backgroundContext()) {
+      backgroundContext->clear();
+      surface->drawBackground(*backgroundContext);
+    }
   }
   if (const auto modifier = surface->chartModifier()) modifier->draw();
   if (const auto annotation = surface->annotation()) annotation->draw();
@@ -140,7 +142,8 @@ std::shared_ptr<VELRenderPassInfo> VELChartRenderer::p_VEL_o_prepareRenderDataWi
   capture(surface.yAxes(), info->yCalculators());
   capture(surface.xAxes(), info->xCalculators());
   for (const auto& one : series) {
-    if (!one) continue;
+    // What is drawn or formatted on the way may take the axes from the surface.
+    if (!one || !surface.xAxes()) continue;
     std::shared_ptr<VELDataSeries> data;
     std::shared_ptr<VELIndexRange> range;
     std::shared_ptr<VELPointSeries> points;
@@ -189,7 +192,7 @@ void VELChartRenderer::p_VEL_o_resampleSeriesWithXAxis(const VELAxisCollection& 
     outPointRange->setMax(max);
   }
   outResampledSeries = outDataSeries->toPointSeriesWithResamplingMode(
-      series.resamplingMode(), *outPointRange, static_cast<int32_t>(viewportWidth), axis->isCategoryAxis(),
+      series.resamplingMode(), *outPointRange, VELSaturate<int32_t>(viewportWidth), axis->isCategoryAxis(),
       *visible, resampler);
 }
 
@@ -201,7 +204,7 @@ void VELChartRenderer::o_onDrawSeriesToSurface(const VELChartSurface& surface, c
   for (int32_t i = 0; i < info.renderPassDataCount(); ++i) {
     const auto data = info.renderPassDataAt(i);
     const auto series = data ? data->renderableSeries() : nullptr;
-    if (!series) continue;
+    if (!series || !surface.xAxes() || !surface.yAxes()) continue;
     series->setXAxis(surface.xAxes()->getAxisById(series->xAxisId(), true));
     series->setYAxis(surface.yAxes()->getAxisById(series->yAxisId(), true));
     if (series->isSelected())

@@ -42,11 +42,11 @@ class VELMORA_API VELChartRenderer {
   explicit VELChartRenderer(const std::weak_ptr<VELChartSurface>& parent) : _parent(parent) {}
   virtual ~VELChartRenderer() = default;
 
-  /// One full pass into @p context. @return the surface error code; it can be non-zero after a drawn frame
+  /// One full pass into @p context, which may be null where there is no render surface. @return the surface error code; it can be non-zero after a drawn frame
   /// @throws VELInternalInconsistencyException without a viewport manager
   /// @throws VELInvalidArgumentException when a series names an axis that is not there or is there twice, or
   ///   when its data does not fit the X axis
-  uint32_t o_renderLoop(VELRenderContext2D& context);
+  uint32_t o_renderLoop(VELRenderContext2D* context);
   /// Background, modifier and annotation alone, into their own contexts.
   void o_secondaryRenderLoop();
 

@@ -10,8 +10,9 @@
 
 namespace {
 
+// By value: what the element does when it is told may replace the surface's own reference to it.
 template <typename Element>
-void attachElement(const std::shared_ptr<Element>& element, const std::weak_ptr<VELChartSurface>& surface) {
+void attachElement(std::shared_ptr<Element> element, const std::weak_ptr<VELChartSurface>& surface) {
   if (!element) return;
   element->setParentSurface(surface);
   element->setIsAttached(true);
@@ -19,7 +20,7 @@ void attachElement(const std::shared_ptr<Element>& element, const std::weak_ptr<
 }
 
 template <typename Element>
-void detachElement(const std::shared_ptr<Element>& element) {
+void detachElement(std::shared_ptr<Element> element) {
   if (!element) return;
   element->setParentSurface({});
   element->setIsAttached(false);
@@ -33,13 +34,20 @@ void clearArea(const std::weak_ptr<VELAxisArea>& area) {
 // Brackets a pass, also when the pass raises.
 class RenderingFlag {
  public:
-  explicit RenderingFlag(bool& flag) : _flag(flag) { _flag = true; }
+  RenderingFlag(bool& flag, std::vector<std::shared_ptr<VELAxisCollection>>& retired)
+      : _flag(flag), _retired(retired) {
+    _flag = true;
+  }
   RenderingFlag(const RenderingFlag&) = delete;
   RenderingFlag& operator=(const RenderingFlag&) = delete;
-  ~RenderingFlag() { _flag = false; }
+  ~RenderingFlag() {
+    _flag = false;
+    _retired.clear();
+  }
 
  private:
   bool& _flag;
+  std::vector<std::shared_ptr<VELAxisCollection>>& _retired;
 };
 
 }  // namespace
@@ -91,6 +99,7 @@ void VELChartSurface::setUpWithView(const std::shared_ptr<VELChartSurfaceViewBas
     strongView->setRightAxisAreaForcedSize(self->_style->rightAxisAreaSize());
     strongView->setTopAxisAreaForcedSize(self->_style->topAxisAreaSize());
     strongView->setBottomAxisAreaForcedSize(self->_style->bottomAxisAreaSize());
+    strongView->setNeedsLayout();
   });
   _style->layoutChanged()();
   view->layoutSubviews();
@@ -147,6 +156,12 @@ void VELChartSurface::clearSeries() {
   }
 }
 
+void VELChartSurface::replaceAxes(std::shared_ptr<VELAxisCollection>& place, std::shared_ptr<VELAxisCollection> axes) {
+  // The pass under way walks the old collection to its end.
+  if (_isRendering && place) _retiredAxes.push_back(place);
+  place = std::move(axes);
+}
+
 VELAxisSeries* VELChartSurface::axisSeriesAt(size_t index) const {
   return index < _renderableSeries.size() ? _renderableSeries[index].get() : nullptr;
 }
@@ -175,6 +190,8 @@ void VELChartSurface::detachAxis(const std::shared_ptr<VELAxisBase>& axis) {
   const auto& axes = kept->isXAxis() ? _xAxes : _yAxes;
   if (axes) axes->removeItem(kept);
   p_VEL_removeFromAxisContainer(kept, kept->axisAlignment(), kept->isCenterAxis());
+  // Its centre flag may have changed since it was attached, so no other area may keep it either.
+  p_VEL_removeFromAxisContainer(kept);
   kept->setParentSurface({});
   kept->setOnAxisAlignmentChanged(nullptr);
   invalidateElement();
@@ -260,13 +277,13 @@ void VELChartSurface::p_VEL_detachAnnotation(const std::shared_ptr<VELAnnotation
 }
 
 void VELChartSurface::setChartModifier(const std::shared_ptr<VELChartModifier>& modifier) {
-  p_VEL_detachModifier(_chartModifier);
+  p_VEL_detachModifier(std::exchange(_chartModifier, nullptr));
   _chartModifier = modifier;
   p_VEL_attachModifier(_chartModifier);
 }
 
 void VELChartSurface::setAnnotation(const std::shared_ptr<VELAnnotation>& annotation) {
-  p_VEL_detachAnnotation(_annotation);
+  p_VEL_detachAnnotation(std::exchange(_annotation, nullptr));
   _annotation = annotation;
   p_VEL_attachAnnotation(_annotation);
 }
@@ -308,7 +325,10 @@ void VELChartSurface::installStyleBlocks() {
 
 void VELChartSurface::setStyle(const VELRenderSurfaceStyle& style) {
   const auto layoutChanged = _style->layoutChanged();
-  _style = style.clone();
+  const auto copy = style.clone();
+  _style->setStyleChanged(nullptr);
+  _style->setLayoutChanged(nullptr);
+  _style = copy;
   installStyleBlocks();
   // A new style may force other area sizes, so the block moves over and runs once.
   _style->setLayoutChanged(layoutChanged);
@@ -328,11 +348,13 @@ void VELChartSurface::invalidateElement() {
 }
 
 void VELChartSurface::onRenderSurfaceDraw() {
-  const auto renderSurface = _renderSurface.lock();
-  if (!renderSurface || !renderSurface->renderContext() || !_velmoraRenderer) return;
+  if (!_velmoraRenderer) return;
+  // A label provider or a modifier may cause a refresh in the middle of a pass: it waits for the next one.
+  if (_isRendering) return invalidateElement();
   {
-    const RenderingFlag rendering(_isRendering);
-    _lastErrorCode = _velmoraRenderer->o_renderLoop(*renderSurface->renderContext());
+    const RenderingFlag rendering(_isRendering, _retiredAxes);
+    const auto renderSurface = _renderSurface.lock();
+    _lastErrorCode = _velmoraRenderer->o_renderLoop(renderSurface ? renderSurface->renderContext().get() : nullptr);
   }
   const auto strongView = _view.lock();
   if (strongView && strongView->axisAreasNeedResizing()) p_VEL_axisAreaResizeRequest();
@@ -340,7 +362,8 @@ void VELChartSurface::onRenderSurfaceDraw() {
 
 void VELChartSurface::onRenderSurfaceDrawModifiers() {
   if (!_velmoraRenderer) return;
-  const RenderingFlag rendering(_isRendering);
+  if (_isRendering) return invalidateElement();
+  const RenderingFlag rendering(_isRendering, _retiredAxes);
   _velmoraRenderer->o_secondaryRenderLoop();
 }
 
@@ -366,7 +389,7 @@ void VELChartSurface::resizeAxesAreasLeft(float left, float right, float top, fl
     const float size = wanted[side];
     if (size == strongView->axisAreaSize(side)) continue;
     // A size that no side can take leaves it as it is, and is no reason for another layout.
-    if (std::isnan(size) || size < 0.0f) continue;
+    if (!std::isfinite(size) || size < 0.0f) continue;
     strongView->setAxisAreaSize(side, size);
     anyDiffers = true;
   }

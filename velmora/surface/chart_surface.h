@@ -53,14 +53,15 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
   void setSelectedRenderableSeries(SeriesList series) { _selectedRenderableSeries = std::move(series); }
 
   // Axes.
-  /// Adds an axis. One of default alignment goes to the bottom as X axis, to the right as Y axis.
+  /// Adds an axis and asks for a redraw. One of default alignment goes to the bottom as X axis, to the right as
+  /// Y axis. An id that two axes have raises at the pass of a series that names it, not here.
   void attachAxis(const std::shared_ptr<VELAxisBase>& axis, bool isXAxis);
   void detachAxis(const std::shared_ptr<VELAxisBase>& axis);
   VELAxisCollection* xAxes() const override { return _xAxes.get(); }
   VELAxisCollection* yAxes() const override { return _yAxes.get(); }
   /// Replaces the collection alone: nothing is attached or redrawn. Null makes the surface invalid.
-  void setXAxes(std::shared_ptr<VELAxisCollection> axes) { _xAxes = std::move(axes); }
-  void setYAxes(std::shared_ptr<VELAxisCollection> axes) { _yAxes = std::move(axes); }
+  void setXAxes(std::shared_ptr<VELAxisCollection> axes) { replaceAxes(_xAxes, std::move(axes)); }
+  void setYAxes(std::shared_ptr<VELAxisCollection> axes) { replaceAxes(_yAxes, std::move(axes)); }
   /// Two axes kept for the application; no pass uses them.
   const std::shared_ptr<VELAxisBase>& xAxis() const { return _xAxis; }
   void setXAxis(std::shared_ptr<VELAxisBase> axis) { _xAxis = std::move(axis); }
@@ -89,7 +90,7 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
   std::shared_ptr<VELRenderSurfaceBase> renderSurface() const { return _renderSurface.lock(); }
   void setRenderSurface(const std::shared_ptr<VELRenderSurfaceBase>& renderSurface);
   const std::shared_ptr<VELRenderSurfaceStyle>& style() const { return _style; }
-  /// Keeps a copy, which invalidates the surface and lays out the areas when it changes. Null is ignored.
+  /// Keeps a copy, which invalidates the surface and lays out the areas when it changes.
   void setStyle(const VELRenderSurfaceStyle& style);
   const std::string& chartTitle() const { return _chartTitle; }
   /// Shown above the chart; empty for none.
@@ -105,9 +106,13 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
   bool isRendering() const { return _isRendering; }
   /// Error code of the last full pass, see VELSurfaceError.
   uint32_t lastErrorCode() const { return _lastErrorCode; }
-  /// The render surface's chart frame, a zero rect without one.
+  /// The render surface's chart frame in points of the view, a zero rect without one.
   VELRect chartFrame() const override;
+  /// Draws the background of the style into @p context.
+  /// @throws VELInternalInconsistencyException when the render surface draws none
   void drawBackground(VELRenderContext2D& context);
+  /// Gives the side areas these sizes in points and lays the view out when any differs. A size that is negative
+  /// or not finite leaves its side as it is.
   void resizeAxesAreasLeft(float left, float right, float top, float bottom);
   /// Lets go of axes, series and gestures. Destruction does the same unless it was done.
   void free();
@@ -123,6 +128,7 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
 
   void setUpWithView(const std::shared_ptr<VELChartSurfaceViewBase>& view);
   void installStyleBlocks();
+  void replaceAxes(std::shared_ptr<VELAxisCollection>& place, std::shared_ptr<VELAxisCollection> axes);
   void p_VEL_axisAreaResizeRequest() { p_VEL_resizeAxesAreas(); }
   void p_VEL_resizeAxesAreas();
   void p_VEL_layoutAxes();
@@ -166,4 +172,5 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
   std::weak_ptr<VELRenderSurfaceBase> _renderSurface;
   std::shared_ptr<VELRenderSurfaceStyle> _style;
   uint32_t _lastErrorCode = 0;
+  std::vector<std::shared_ptr<VELAxisCollection>> _retiredAxes;  ///< until the pass under way ends
 };

@@ -9,6 +9,19 @@
 
 namespace {
 constexpr std::array kSides = {VELChartSide_Left, VELChartSide_Right, VELChartSide_Top, VELChartSide_Bottom};
+
+// Marks a layout under way, also when it raises.
+class LayoutGuard {
+ public:
+  explicit LayoutGuard(bool& flag) : _flag(flag) { _flag = true; }
+  LayoutGuard(const LayoutGuard&) = delete;
+  LayoutGuard& operator=(const LayoutGuard&) = delete;
+  ~LayoutGuard() { _flag = false; }
+
+ private:
+  bool& _flag;
+};
+
 }  // namespace
 
 VELChartSurfaceViewBase::~VELChartSurfaceViewBase() {
@@ -21,7 +34,7 @@ float VELChartSurfaceViewBase::axisAreaSize(VELChartSide side) const {
 }
 
 void VELChartSurfaceViewBase::setAxisAreaSize(VELChartSide side, float size) {
-  if (std::isnan(size) || size < 0.0f) return;
+  if (!std::isfinite(size) || size < 0.0f) return;
   _panelSizes[static_cast<size_t>(side)] = {size, size};
 }
 
@@ -33,21 +46,19 @@ float VELChartSurfaceViewBase::wantedSize(VELChartSide side) const {
 }
 
 bool VELChartSurfaceViewBase::axisAreasNeedResizing() const {
-  return std::any_of(kSides.begin(), kSides.end(),
-                     [this](VELChartSide side) { return area(side) && area(side)->needResizing(); });
+  // A forced side has its size whatever its axes want.
+  return std::any_of(kSides.begin(), kSides.end(), [this](VELChartSide side) {
+    return std::isnan(axisAreaForcedSize(side)) && area(side) && area(side)->needResizing();
+  });
 }
 
 void VELChartSurfaceViewBase::layoutSubviews() {
   // The surface answers the block by setting sizes and asking for this layout again.
-  const bool nested = _layingOut;
-  if (!nested) {
-    _layingOut = true;
-    if (_onLayoutSubviews)
-      _onLayoutSubviews(wantedSize(VELChartSide_Left), wantedSize(VELChartSide_Right),
-                        wantedSize(VELChartSide_Top), wantedSize(VELChartSide_Bottom));
-    _layingOut = false;
-  }
-  if (nested) return;
+  if (_layingOut) return;
+  const LayoutGuard guard(_layingOut);
+  if (_onLayoutSubviews)
+    _onLayoutSubviews(wantedSize(VELChartSide_Left), wantedSize(VELChartSide_Right), wantedSize(VELChartSide_Top),
+                      wantedSize(VELChartSide_Bottom));
   placeSubviews();
   for (const VELChartSide side : kSides)
     if (area(side)) area(side)->layout();

@@ -49,7 +49,7 @@ class VELMORA_API VELChartSurfaceViewBase : public VELView {
   float topAxisAreaSize() const { return axisAreaSize(VELChartSide_Top); }
   float bottomAxisAreaSize() const { return axisAreaSize(VELChartSide_Bottom); }
   float axisAreaSize(VELChartSide side) const;
-  /// Sets both the wanted size and the limit; NaN and negative sizes leave the side as it is.
+  /// Sets both the wanted size and the limit; a size that is negative or not finite leaves the side as it is.
   void setLeftAxisAreaSize(float size) { setAxisAreaSize(VELChartSide_Left, size); }
   void setRightAxisAreaSize(float size) { setAxisAreaSize(VELChartSide_Right, size); }
   void setTopAxisAreaSize(float size) { setAxisAreaSize(VELChartSide_Top, size); }

@@ -16,5 +16,5 @@ VELRenderPassData::VELRenderPassData(std::shared_ptr<VELIndexRange> pointRange,
       _renderableSeries(renderableSeries) {}
 
 bool VELRenderPassData::isVerticalChart() const {
-  return _xCoordinateCalculator && !_xCoordinateCalculator->isHorizontalAxisCalculator();
+  return !(_xCoordinateCalculator && _xCoordinateCalculator->isHorizontalAxisCalculator());
 }

@@ -31,7 +31,7 @@ class VELMORA_API VELRenderPassData : public VELBrushPassData {
   std::shared_ptr<VELRenderableSeries> renderableSeries() const { return _renderableSeries.lock(); }
   const std::shared_ptr<VELCoordinateCalculator>& xCoordinateCalculator() const override { return _xCoordinateCalculator; }
   const std::shared_ptr<VELCoordinateCalculator>& yCoordinateCalculator() const override { return _yCoordinateCalculator; }
-  /// The X calculator exists and is not horizontal.
+  /// True when there is no horizontal X calculator.
   bool isVerticalChart() const override;
 
  private:

@@ -16,7 +16,10 @@ int32_t majorVersion(const char* text) {
   return text && std::sscanf(text, "OpenGL ES %d", &major) == 1 ? major : 0;
 }
 
-const void* bufferOffset(size_t offset) { return reinterpret_cast<const void*>(offset); }
+// GL's own convention: with a buffer bound, a pointer is an offset into it.
+const void* bufferOffset(size_t offset) {
+  return reinterpret_cast<const void*>(offset);  // NOLINT(performance-no-int-to-ptr)
+}
 
 template <typename GetLog>
 std::string infoLog(GetLog getLog, size_t limit) {

@@ -2,15 +2,20 @@
 
 #include <EGL/eglext.h>
 
+#include <algorithm>
 #include <array>
-#include <string>
 
 namespace {
 
+/// @param list words with one space between them, or null
 bool listHas(const char* list, std::string_view name) {
-  if (!list) return false;
-  const std::string padded = " " + std::string(list) + " ";
-  return padded.find(" " + std::string(name) + " ") != std::string::npos;
+  std::string_view rest = list ? list : "";
+  while (!rest.empty()) {
+    const std::string_view word = rest.substr(0, rest.find(' '));
+    if (word == name) return true;
+    rest.remove_prefix(std::min(rest.size(), word.size() + 1));
+  }
+  return false;
 }
 
 template <typename Function>

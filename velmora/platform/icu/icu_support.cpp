@@ -6,7 +6,7 @@
 #include "velmora/platform/exception.h"
 
 icu::Locale VELICULocale(const std::string& name) {
-  const icu::Locale locale = icu::Locale::createCanonical(name.c_str());
+  icu::Locale locale = icu::Locale::createCanonical(name.c_str());
   int32_t count = 0;
   const icu::Locale* known = icu::Locale::getAvailableLocales(count);
   const auto sameLanguage = [&locale](const icu::Locale& candidate) {

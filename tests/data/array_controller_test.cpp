@@ -1,0 +1,214 @@
+#include "velmora/data/array_controller.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <limits>
+#include <new>
+#include <utility>
+
+#include "tests/data/columns.h"
+#include "velmora/data/array_controller_fifo.h"
+
+namespace {
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr VELDataType storageTypes[] = {VELDataType_Int16,   VELDataType_Int32, VELDataType_Int64,
+                                        VELDataType_Byte,    VELDataType_Float, VELDataType_Double,
+                                        VELDataType_DateTime};
+constexpr const char* onlyDates =
+    "Array Controller of DateTime type accepts VELGenericType with Double, DateTime or NSArray with DateTime";
+constexpr const char* noDates =
+    "VELGenericType with DateTime data can be to ArrayController only of type DateTime";
+
+std::pair<double, double> rangeOf(const VELArrayController& column) {
+  std::pair<double, double> range;
+  column.getRangeMin(range.first, range.second);
+  return range;
+}
+
+}  // namespace
+
+TEST(ArrayController, OnlyNumericTagsMakeAColumn) {
+  for (int tag = -1; tag < 20; ++tag) {
+    const bool stores = tag >= VELDataType_Int16 && tag <= VELDataType_DateTime;
+    EXPECT_EQ(VELArrayController::initWithType(static_cast<VELDataType>(tag)) != nullptr, stores) << tag;
+    EXPECT_EQ(VELArrayControllerFIFO::initWithType(static_cast<VELDataType>(tag), 3) != nullptr, stores)
+        << tag;
+  }
+  EXPECT_EQ(VELArrayControllerFIFO::initWithType(VELDataType_Double, -1), nullptr);
+}
+
+TEST(ArrayController, GrowthDoublesFromSixtyFour) {
+  const auto grown = VELArrayController::initWithType(VELDataType_Double, -5);
+  for (int i = 0; i < 64; ++i) grown->append(i);
+  EXPECT_EQ(grown->currentMaxSize(), 64);
+  grown->append(64);
+  EXPECT_EQ(grown->currentMaxSize(), 128);
+  grown->setCount(130);
+  EXPECT_EQ(grown->currentMaxSize(), 130);
+  EXPECT_EQ(grown->doubles()[64], 64.0);
+  grown->clear();
+  EXPECT_EQ(grown->currentMaxSize(), 130);
+  grown->purge();
+  EXPECT_EQ(grown->currentMaxSize(), 0);
+  EXPECT_EQ(grown->data(), nullptr);
+  grown->append(1);
+  EXPECT_EQ(grown->currentMaxSize(), 64);
+  grown->setCount(-3);
+  EXPECT_TRUE(grown->isEmpty());
+  EXPECT_THROW(grown->setCount(std::numeric_limits<int64_t>::max()), std::bad_alloc);
+  EXPECT_EQ(grown->currentMaxSize(), 64);
+}
+
+// Three ways in must store the same bytes: one by one, from a pointer, from a span.
+TEST(ArrayController, BulkAppendsStoreWhatSingleAppendsStore) {
+  const auto check = [](auto sample) {
+    using T = decltype(sample);
+    std::vector<T> source(150);
+    for (int i = 0; i < 150; ++i) source[static_cast<size_t>(i)] = static_cast<T>(i * 37 % 251 - 120);
+    if constexpr (std::is_floating_point_v<T>) {
+      source.insert(source.end(),
+                    {T(0.9), T(-2.7), T(1e30), -std::numeric_limits<T>::infinity(), T(notANumber)});
+    } else {
+      source.insert(source.end(), {std::numeric_limits<T>::max(), std::numeric_limits<T>::min()});
+    }
+    for (const VELDataType type : storageTypes) {
+      if (type == VELDataType_DateTime && !std::is_same_v<T, double>) continue;
+      const auto single = VELArrayController::initWithType(type);
+      const auto pointer = VELArrayController::initWithType(type);
+      const auto span = VELArrayController::initWithType(type);
+      for (const T value : source) single->append(value);
+      pointer->appendRange(VELGenericType(source.data()), static_cast<int64_t>(source.size()));
+      span->appendRange(std::span<const T>(source));
+      ASSERT_EQ(pointer->count(), single->count());
+      ASSERT_EQ(span->count(), single->count());
+      EXPECT_EQ(span->currentMaxSize(), single->currentMaxSize());
+      const auto bytes = static_cast<size_t>(single->count() * single->dataTypeSize());
+      EXPECT_EQ(std::memcmp(single->data(), pointer->data(), bytes), 0) << type;
+      EXPECT_EQ(std::memcmp(single->data(), span->data(), bytes), 0) << type;
+    }
+  };
+  check(int8_t{});
+  check(int16_t{});
+  check(int32_t{});
+  check(int64_t{});
+  check(float{});
+  check(double{});
+}
+
+TEST(ArrayController, DateColumnsTakeDatesAndSecondsOnly) {
+  const auto dates = column(VELDataType_DateTime, {1.5});
+  dates->append(VELDate(2));
+  const VELArray list = {VELDate(3), VELDate(4)};
+  dates->append(&list);
+  dates->appendRange(VELGenericType(&list), 2);
+  const std::array more = {VELDate(5)};
+  dates->appendRange(std::span<const VELDate>(more));
+  EXPECT_EQ(dates->valueAt(0).type, VELDataType_DateTime);
+  const float number = 1;
+  for (const VELGenericType wrong :
+       {VELGenericType(1), VELGenericType(1.0F), VELGenericType(), VELGenericType(&number)}) {
+    EXPECT_EQ(reasonOf([&] { dates->append(wrong); }), onlyDates);
+  }
+  EXPECT_EQ(reasonOf([&] { dates->appendRange(VELGenericType(&number), 1); }), onlyDates);
+  EXPECT_EQ(reasonOf([&] { dates->insertValue(1, 0); }), onlyDates);
+  const VELArray mixed = {VELDate(6), 7.0, VELDate(8)};
+  EXPECT_EQ(reasonOf([&] { dates->append(&mixed); }), "Invalide data in array. Only NSDate allowed");
+  EXPECT_EQ(values(*dates), (Values{1.5, 2, 3, 4, 3, 4, 5, 6}));
+
+  const auto numbers = column(VELDataType_Double, {1});
+  EXPECT_EQ(reasonOf([&] { numbers->append(VELDate(2)); }), noDates);
+  EXPECT_EQ(reasonOf([&] { numbers->appendRange(std::span<const VELDate>(more)); }), noDates);
+  for (const VELGenericType ignored : {VELGenericType(), VELGenericType(&list), VELGenericType(&number)}) {
+    numbers->append(ignored);
+    numbers->insertValue(ignored, 0);
+    numbers->appendRange(VELGenericType(1.0), 1);
+  }
+  EXPECT_EQ(values(*numbers), Values{1});
+}
+
+TEST(ArrayController, EditsMoveTheTailAndIgnoreWhatIsOutside) {
+  const auto edited = column(VELDataType_Int16, {0, 1, 2, 3});
+  const double inserted[] = {7.9, -8.9};
+  constexpr int64_t farAway = std::numeric_limits<int64_t>::max();
+  edited->insertValue(9, 4);
+  edited->insertRange(inserted, 1, 2);
+  EXPECT_EQ(values(*edited), (Values{0, 7, -8, 1, 2, 3, 9}));
+  for (const int64_t outside : {int64_t{-1}, int64_t{8}, farAway}) {
+    edited->setValue(5, outside);
+    edited->insertValue(5, outside);
+    edited->insertRange(inserted, outside, 2);
+    edited->removeRangeFrom(outside, 2);
+    edited->removeRangeFrom(2, outside);
+    EXPECT_EQ(edited->valueAt(outside).type, VELDataType_None);
+  }
+  edited->setValue(5, 7);
+  edited->insertRange(inserted, 0, -2);
+  edited->insertRange(static_cast<const double*>(nullptr), 0, 2);
+  EXPECT_EQ(edited->count(), 7);
+  edited->setValue(-4.5, 2);
+  edited->removeRangeFrom(0, 2);
+  edited->removeAt(3);
+  EXPECT_EQ(values(*edited), (Values{-4, 1, 2, 9}));
+  edited->removeValue(2.0);
+  edited->removeValue(2.0);
+  edited->reverse();
+  EXPECT_EQ(values(*edited), (Values{9, 1, -4}));
+}
+
+TEST(ArrayController, AColumnMayAppendItself) {
+  const auto own = column(VELDataType_Double, {1, 2, 3});
+  for (int i = 0; i < 6; ++i) own->appendRange(own->doubles());
+  own->insertRange(own->genericData(), 1, 2);
+  EXPECT_EQ(own->count(), 194);
+  EXPECT_EQ(own->currentMaxSize(), 256);
+  EXPECT_EQ(own->doubles()[1], 1.0);
+  EXPECT_EQ(own->doubles()[193], 3.0);
+}
+
+TEST(ArrayController, TypedAccessGivesOnlyTheStorageType) {
+  const auto dates = column(VELDataType_DateTime, {1});
+  EXPECT_EQ(dates->doubleData(), dates->data());
+  EXPECT_EQ(dates->dateTimeData(), nullptr);
+  EXPECT_EQ(dates->genericData().type, VELDataType_DoublePtr);
+  EXPECT_TRUE(dates->floats().empty());
+  EXPECT_EQ(column(VELDataType_Byte, {1})->doubleData(), nullptr);
+}
+
+// A float column ends at its first NaN, a double column skips it.
+TEST(ArrayController, TheRangeOfAColumnFollowsItsType) {
+  constexpr double floatMax = std::numeric_limits<float>::max();
+  constexpr double doubleMax = std::numeric_limits<double>::max();
+  const struct {
+    VELDataType type;
+    Values values;
+    double min, max;
+  } cases[] = {{VELDataType_Double, {1, notANumber, 5}, 1, 5},
+               {VELDataType_DateTime, {notANumber, 3}, 3, 3},
+               {VELDataType_Float, {1, notANumber, 5}, 1, 1},
+               {VELDataType_Float, {notANumber, 5}, floatMax, -floatMax},
+               {VELDataType_Float, {}, floatMax, -floatMax},
+               {VELDataType_Double, {}, doubleMax, -doubleMax},
+               {VELDataType_Double, {notANumber}, doubleMax, -doubleMax},
+               {VELDataType_Byte, {}, 127, -128},
+               {VELDataType_Int16, {7}, 7, 7},
+               {VELDataType_Int64, {1e30, -1e30}, -0x1p63, 0x1p63}};
+  for (const auto& row : cases) {
+    EXPECT_EQ(rangeOf(*column(row.type, row.values)), std::pair(row.min, row.max)) << row.type;
+  }
+}
+
+TEST(ArrayController, TheFastRangeEqualsThePlainLoopAtEveryLength) {
+  const auto data = VELArrayController::initWithType(VELDataType_Double);
+  double min = std::numeric_limits<double>::max();
+  double max = -min;
+  for (int i = 0; i < 40; ++i) {
+    const double value = i % 7 == 3 ? notANumber : i * 7919 % 1000 - 500;
+    data->append(value);
+    if (value < min) min = value;
+    if (value > max) max = value;
+    EXPECT_EQ(rangeOf(*data), std::pair(min, max)) << i;
+  }
+}

@@ -1,0 +1,71 @@
+#include "velmora/data/display_list.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+
+#include "tests/support/allocation_counter.h"
+#include "velmora/data/xy_data_series.h"
+
+namespace {
+
+struct Display : VELInvalidatableElement {
+  void invalidateElement() override {
+    ++told;
+    if (onTold) onTold();
+  }
+  int told = 0;
+  std::function<void()> onTold;
+};
+
+}  // namespace
+
+TEST(DisplayList, DisplaysMayComeAndGoWhileTheyAreBeingTold) {
+  VELDisplayList list;
+  auto leaving = std::make_shared<Display>();
+  auto late = std::make_shared<Display>();
+  auto dying = std::make_shared<Display>();
+  auto steady = std::make_shared<Display>();
+  for (const auto& display : {leaving, dying, steady, steady}) list.add(display);
+  leaving->onTold = [&] {
+    list.remove(leaving.get());
+    list.add(late);
+    dying.reset();
+  };
+  list.invalidateAll();
+  EXPECT_EQ(leaving->told, 1);
+  EXPECT_EQ(steady->told, 1) << "listed twice, told once";
+  EXPECT_EQ(late->told, 0);
+  list.invalidateAll();
+  EXPECT_EQ(leaving->told, 1);
+  EXPECT_EQ(steady->told, 2);
+  EXPECT_EQ(late->told, 1);
+  list.remove(nullptr);
+  list.remove(late.get());
+  steady.reset();
+  list.invalidateAll();
+  EXPECT_TRUE(list.isEmpty());
+}
+
+TEST(DisplayList, ASeriesTellsItsBlockThenEveryDisplayWithoutAllocating) {
+  VELXyDataSeries series(VELDataType_Double, VELDataType_Double);
+  const auto first = std::make_shared<Display>();
+  const auto second = std::make_shared<Display>();
+  series.addDisplay(first);
+  series.addDisplay(second);
+  int toldByBlock = -1;
+  series.setOnDataSeriesChanged([&] { toldByBlock = first->told; });
+  series.appendX(1.0, 1.0);
+  EXPECT_EQ(toldByBlock, 0) << "the block comes first";
+  const AllocationCounter allocations;
+  series.updateAt(0, 2.0, 2.0);
+  EXPECT_EQ(allocations.count(), 0);
+  EXPECT_EQ(first->told, 2);
+  EXPECT_EQ(second->told, 2);
+  series.setOnDataSeriesChanged([&series] { series.setOnDataSeriesChanged(nullptr); });
+  series.removeDisplay(second.get());
+  series.clear();
+  EXPECT_FALSE(series.onDataSeriesChanged()) << "a block may take itself away";
+  EXPECT_EQ(second->told, 2);
+}

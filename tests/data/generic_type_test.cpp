@@ -1,0 +1,176 @@
+#include "velmora/data/generic_type.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+#include "velmora/data/element_converter.h"
+#include "velmora/data/element_type.h"
+
+namespace {
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+VELGenericType tagged(VELDataType type, const void* object) {
+  return VEL_constructGenericTypeWithInfo(&object, type);
+}
+
+struct Row {
+  const char* name;
+  VELGenericType value;
+  int8_t asChar;
+  int16_t asShort;
+  int32_t asInt;
+  int64_t asLong;
+  double asDouble;
+};
+
+const Row rows[] = {
+    {"byte", int8_t{-5}, -5, -5, -5, -5, -5.0},
+    {"low 8 bits of 300", int32_t{300}, 44, 300, 300, 300, 300.0},
+    {"low bits of a long", int64_t{0x1234567890}, -112, 0x7890, 0x34567890, 0x1234567890, 0x1234567890p0},
+    {"truncated toward zero", -2.7, -2, -2, -2, -2, -2.7},
+    {"date", VELDate(5.9), 5, 5, 5, 5, 5.9},
+    {"saturates", 1e300, 127, 32767, INT32_MAX, INT64_MAX, 1e300},
+    {"saturates below", -infinity, -128, -32768, INT32_MIN, INT64_MIN, -infinity},
+    {"2^63 is beyond", 0x1p63, 127, 32767, INT32_MAX, INT64_MAX, 0x1p63},
+    {"NaN", notANumber, 0, 0, 0, 0, notANumber},
+    {"unsigned takes the wider type", 0xFFFFFFFFU, -1, -1, -1, 0xFFFFFFFF, 4294967295.0},
+    {"a huge unsigned saturates", UINT64_MAX, -1, -1, -1, INT64_MAX, 0x1p63},
+    {"no number", VELGenericType(), 0, 0, 0, 0, notANumber},
+    {"a pointer is no number", tagged(VELDataType_Object, &notANumber), 0, 0, 0, 0, notANumber},
+};
+
+void expectSame(double expected, double actual) {
+  EXPECT_TRUE(actual == expected || (std::isnan(actual) && std::isnan(expected)))
+      << actual << " " << expected;
+}
+
+}  // namespace
+
+TEST(GenericType, EveryTagReadsAsEveryNumber) {
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(VELGenericChar(row.value), row.asChar);
+    EXPECT_EQ(VELGenericShort(row.value), row.asShort);
+    EXPECT_EQ(VELGenericInt(row.value), row.asInt);
+    EXPECT_EQ(VELGenericLong(row.value), row.asLong);
+    expectSame(row.asDouble, VELGenericDouble(row.value));
+    expectSame(static_cast<double>(static_cast<float>(row.asDouble)),
+               static_cast<double>(VELGenericFloat(row.value)));
+  }
+}
+
+TEST(GenericType, AnExplicitTagReadsItsWidthAndClearsTheRest) {
+  const int64_t bits = 0x0102030405060708;
+  const auto read = [&](VELDataType type) {
+    return VEL_constructGenericTypeWithInfo(&bits, type).data.int64Value;
+  };
+  EXPECT_EQ(read(VELDataType_Byte), 0x08);
+  EXPECT_EQ(read(VELDataType_Float), 0x05060708);
+  EXPECT_EQ(read(VELDataType_Object), bits);
+  EXPECT_EQ(VELGenericDoublePtr(&bits), nullptr);  // no conversion between kinds of pointers
+  EXPECT_EQ(VELGenericLongPtr(&bits), &bits);
+}
+
+TEST(GenericType, DatesComeFromSecondsButNotFromCounters) {
+  EXPECT_EQ(VELGenericDate(7), VELDate(7.0));
+  EXPECT_EQ(VELGenericDate(7.5F), VELDate(7.5));
+  for (const VELGenericType none :
+       {VELGenericType(int64_t{7}), VELGenericType(int8_t{7}), VELGenericType(notANumber),
+        VELGenericType(VELDate(notANumber)), VELGenericType()}) {
+    EXPECT_FALSE(VELGenericDate(none).has_value()) << VELGenericDescription(none);
+  }
+}
+
+TEST(GenericType, TheTypeEncodingNamesWhatIsRead) {
+  const int16_t number = -300;
+  const double half = 0.5;
+  const double* pointer = &half;
+  const VELArray array;
+  const VELObjectReference date = VELDate(9.0);
+  const VELObjectReference list = &array;
+  const VELObjectReference other = static_cast<const void*>(&half);
+  const struct {
+    const char* encoding;
+    const void* value;
+    VELGenericType expected;
+  } cases[] = {{"s", &number, number},
+               {"d", &half, half},
+               {"^d", &pointer, pointer},
+               {"^dx", &pointer, pointer},
+               {"@", &date, VELDate(9.0)},
+               {"@", &list, &array},
+               {"@", &other, tagged(VELDataType_Object, &half)},
+               {"l", &half, {}},
+               {"^v", &pointer, {}},
+               {"^", &pointer, {}},
+               {"", &half, {}}};
+  for (const auto& row : cases) {
+    const VELGenericType value = VEL_constructGenericType(row.value, row.encoding);
+    EXPECT_EQ(value.type, row.expected.type) << row.encoding;
+    EXPECT_EQ(value.data.int64Value, row.expected.data.int64Value) << row.encoding;
+  }
+}
+
+// Integers meet dates in whole seconds and each other exactly; the distance of two infinities is no number.
+TEST(GenericType, ComparisonFollowsTheTagsInTheirOrder) {
+  const int64_t big = (int64_t{1} << 53) + 1;
+  const VELGenericType object = tagged(VELDataType_Object, &big);
+  const struct {
+    VELGenericType a, b;
+    int32_t expected;
+  } cases[] = {{3, 3.0000000000000001, 1},
+               {int16_t{5}, VELDate(5.9), 1},
+               {VELDate(5.9), 5, 0},
+               {6.0, VELDate(5.9), 3},
+               {big, big - 1, 3},
+               {big, static_cast<double>(big - 1), 1},
+               {1.0, 1.0 + 2.220446049250313e-16, 1},
+               {1.0, 1.0 + 4.5e-16, 2},
+               {-0.0, 0.0, 1},
+               {notANumber, notANumber, 0},
+               {infinity, infinity, 0},
+               {object, object, 1},
+               {object, tagged(VELDataType_Array, &big), 0},
+               {VELGenericType(), VELGenericType(), 1}};
+  for (const auto& row : cases) {
+    EXPECT_EQ(VELGenericCompare(row.a, row.b), row.expected)
+        << VELGenericDescription(row.a) << " with " << VELGenericDescription(row.b);
+  }
+}
+
+TEST(ElementConverter, EveryElementReadsAsItsGenericValueWould) {
+  for (int tag = VELDataType_Int16; tag <= VELDataType_DoublePtr; ++tag) {
+    const auto type = static_cast<VELDataType>(tag);
+    if (tag == 8) continue;
+    const auto scalar =
+        static_cast<VELDataType>(tag < 8 ? tag : std::array{4, 1, 2, 3, 5, 6}[static_cast<size_t>(tag - 9)]);
+    VELVisitElementType(scalar, [&](auto element) {
+      using T = typename decltype(element)::type;
+      for (const double number : {0.0, -2.7, 100.0, -129.0, 1e30, notANumber}) {
+        T stored{};
+        if constexpr (std::is_integral_v<T>) stored = VELSaturate<T>(number);
+        if constexpr (!std::is_integral_v<T>) stored = static_cast<T>(number);
+        const VELGenericType value = stored;
+        EXPECT_EQ(VEL_GetCharConverterFunction(type)(&stored), VELGenericChar(value));
+        EXPECT_EQ(VEL_GetInt16ConverterFunction(type)(&stored), VELGenericShort(value));
+        EXPECT_EQ(VEL_GetInt32ConverterFunction(type)(&stored), VELGenericInt(value));
+        EXPECT_EQ(VEL_GetInt64ConverterFunction(type)(&stored), VELGenericLong(value));
+        expectSame(VELGenericDouble(value), VEL_GetDoubleConverterFunction(type)(&stored));
+        expectSame(static_cast<double>(VELGenericFloat(value)),
+                   static_cast<double>(VEL_GetFloatConverterFunction(type)(&stored)));
+        if (type == VELDataType_DateTime) continue;
+        EXPECT_EQ(p_VEL_getGenericConverter(type)(&stored).type, VELElementTypeOf<T>());
+      }
+    });
+  }
+  EXPECT_EQ(p_VEL_getGenericConverter(VELDataType_DateTime), nullptr);
+  for (const int tag : {-1, 0, 8, 15, 16, 1000}) {
+    EXPECT_EQ(VEL_GetInt32ConverterFunction(static_cast<VELDataType>(tag)), nullptr);
+  }
+}

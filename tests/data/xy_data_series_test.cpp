@@ -1,0 +1,176 @@
+#include "velmora/data/xy_data_series.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "tests/data/columns.h"
+
+namespace {
+
+/// The points as a reader sees them.
+std::string pointsOf(const VELDataSeries& series) {
+  std::string text;
+  for (int64_t i = 0; i < series.count(); ++i) {
+    text += std::to_string(VELGenericLong(series.xValues()->valueAt(i))) + ":" +
+            std::to_string(VELGenericLong(series.yValues()->valueAt(i))) + " ";
+  }
+  return text;
+}
+
+bool raisesUnsorted(const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const VELException& raised) {
+    return raised.name() == "Operation exception" &&
+           raised.what() == std::string("Data series can accepts only sorted data");
+  }
+  return false;
+}
+
+}  // namespace
+
+TEST(XyDataSeries, EveryWayOfAppendingGivesTheSamePoints) {
+  const int32_t x[] = {1, 2, 4};
+  const int16_t y[] = {-1, 0, 7};
+  for (const VELDataType type :
+       {VELDataType_Int16, VELDataType_Int64, VELDataType_Byte, VELDataType_Float, VELDataType_Double}) {
+    VELXyDataSeries single(type, type), spans(type, type), pointers(type, type);
+    for (size_t i = 0; i < 3; ++i) single.appendX(x[i], y[i]);
+    spans.appendRangeX(x, std::span<const int16_t>(y));
+    pointers.appendRangeX(x, y, 3);
+    EXPECT_EQ(pointsOf(single), "1:-1 2:0 4:7 ") << type;
+    EXPECT_EQ(pointsOf(spans), pointsOf(single)) << type;
+    EXPECT_EQ(pointsOf(pointers), pointsOf(single)) << type;
+  }
+  VELXyDataSeries dates(VELDataType_DateTime, VELDataType_Double);
+  dates.appendRangeX(std::vector{VELDate(10.0), VELDate(20.0)}, Values{1, 2});
+  dates.appendX(VELDate(30.0), 3.0);
+  EXPECT_EQ(pointsOf(dates), "10:1 20:2 30:3 ");
+}
+
+TEST(XyDataSeries, ChangesAreToldOnceAndOnesBeyondTheDataAreNone) {
+  VELXyDataSeries series(VELDataType_Double, VELDataType_Double);
+  int told = 0;
+  series.setOnDataSeriesChanged([&told] { ++told; });
+  const double more[] = {3, 4};
+  const struct {
+    std::function<void()> change;
+    const char* points;
+    bool tells;
+  } rows[] = {
+      {[&] {
+         series.appendRangeX(Values{1, 5}, Values{10, 50});
+       },
+       "1:10 5:50 ", true},
+      {[&] { series.insertAt(1, 2, 20); }, "1:10 2:20 5:50 ", true},
+      {[&] { series.insertRangeAt(2, more, more, 2); }, "1:10 2:20 3:3 4:4 5:50 ", true},
+      {[&] { series.updateAt(4, 6, 60); }, "1:10 2:20 3:3 4:4 6:60 ", true},
+      {[&] { series.removeAt(2); }, "1:10 2:20 4:4 6:60 ", true},
+      {[&] { series.removeValue(4); }, "1:10 2:20 6:60 ", true},
+      {[&] { series.removeValue(5); }, "1:10 2:20 6:60 ", false},
+      {[&] { series.updateAt(3, 9, 9); }, "1:10 2:20 6:60 ", false},
+      {[&] { series.updateAt(-1, 9, 9); }, "1:10 2:20 6:60 ", false},
+      {[&] { series.insertAt(4, 0, 0); }, "1:10 2:20 6:60 ", false},
+      {[&] { series.insertAt(-1, 0, 0); }, "1:10 2:20 6:60 ", false},
+      {[&] { series.removeRangeFrom(2, 2); }, "1:10 2:20 6:60 ", false},
+      {[&] { series.removeRangeFrom(1, INT64_MAX); }, "1:10 2:20 6:60 ", false},
+      {[&] { series.removeRangeFrom(0, 2); }, "6:60 ", true},
+      {[&] { series.clear(); }, "", true},
+  };
+  for (size_t i = 0; i < std::size(rows); ++i) {
+    told = 0;
+    rows[i].change();
+    EXPECT_EQ(pointsOf(series), rows[i].points) << "row " << i;
+    EXPECT_EQ(told, rows[i].tells ? 1 : 0) << "row " << i;
+    EXPECT_TRUE(series.isSorted()) << "row " << i;
+  }
+}
+
+TEST(XyDataSeries, UnsortedXRaisesOnceAndReadersLeaveTheExtraXOut) {
+  VELXyDataSeries series(VELDataType_Double, VELDataType_Double);
+  for (const double x : {1.0, 2.0, 2.0, 3.0}) series.appendX(x, x);
+  EXPECT_TRUE(series.isSorted());
+  EXPECT_TRUE(raisesUnsorted([&] { series.appendX(0, 0); }));
+  EXPECT_EQ(series.xValues()->count(), 5);
+  EXPECT_EQ(series.yValues()->count(), 4);
+  EXPECT_EQ(series.count(), 4);
+  EXPECT_FALSE(series.isSorted());
+
+  VELPointResampler resampler;
+  const auto points = series.toPointSeriesWithResamplingMode(VELResamplingMode_Auto, VELIndexRange(0, 4), 100,
+                                                             false, VELDoubleRange(0.0, 4.0), resampler);
+  EXPECT_EQ(points->count(), 4);
+  series.removeAt(4);
+  EXPECT_NO_THROW(series.appendX(2, 9)) << "the order is not looked at any more";
+  EXPECT_EQ(pointsOf(series), "1:1 2:2 2:2 3:3 2:9 ");
+  series.clear();
+  EXPECT_TRUE(series.isSorted());
+  series.appendRangeX(Values{5, 6}, Values{5, 6});
+  EXPECT_TRUE(raisesUnsorted([&] { series.insertAt(0, 5.5, 1); }));
+}
+
+TEST(XyDataSeries, MisuseIsRaisedWithItsReason) {
+  VELXyDataSeries series(VELDataType_Double, VELDataType_Double);
+  EXPECT_EQ(reasonOf([&] {
+              series.appendRangeX(Values{1, 2, 3}, Values{1, 2});
+            }),
+            "DataSeries appendRangeX:Y: can operate only on arrays with equal size");
+  EXPECT_EQ(series.xValues()->count(), 0);
+  EXPECT_THROW(series.appendX(VELDate(1.0), 1.0), VELInvalidArgumentException);
+  EXPECT_THROW(VELXyDataSeries(VELDataType_None, VELDataType_Double), VELInvalidArgumentException);
+  EXPECT_EQ(VELXyDataSeries::initFifoWithXType(VELDataType_Double, VELDataType_Double, -1), nullptr);
+  EXPECT_EQ(VELXyDataSeries::initFifoWithXType(VELDataType_Array, VELDataType_Double, 4), nullptr);
+  series.appendRangeX(Values{1, 2}, Values{1, 2});
+  EXPECT_EQ(series.findIndexForValue(1.6, VELArraySearchMode_Nearest), 1);
+  series.setAcceptUnsortedData(true);
+  series.appendX(0, 0);
+  EXPECT_THROW(series.findIndexForValue(1.6, VELArraySearchMode_Nearest), VELInvalidArgumentException);
+}
+
+TEST(XyDataSeries, ARingKeepsItsNewestPointsAndEmptiesWhenItsCapacityChanges) {
+  const auto series = VELXyDataSeries::initFifoWithXType(VELDataType_Double, VELDataType_Double, 3);
+  int told = 0;
+  for (int i = 1; i <= 5; ++i) series->appendX(i, i);
+  series->setOnDataSeriesChanged([&told] { ++told; });
+  EXPECT_EQ(pointsOf(*series), "3:3 4:4 5:5 ");
+  EXPECT_TRUE(raisesUnsorted([&] { series->updateAt(1, 6, 6); })) << "by logical neighbours";
+  series->setFifoCapacity(3);
+  series->setFifoCapacity(-1);
+  EXPECT_EQ(series->count(), 3);
+  EXPECT_EQ(told, 0);
+  series->setFifoCapacity(2);
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(series->count(), 0);
+  for (int i = 1; i <= 5; ++i) series->appendX(i, i);
+  EXPECT_EQ(pointsOf(*series), "4:4 5:5 ");
+  series->appendRangeX(Values{6}, Values{6});
+  EXPECT_EQ(pointsOf(*series), "4:4 5:5 ") << "rings take single points only";
+  VELXyDataSeries plain(VELDataType_Double, VELDataType_Double);
+  plain.setFifoCapacity(3);
+  EXPECT_FALSE(plain.isFifo());
+  EXPECT_EQ(plain.fifoCapacity(), 0);
+}
+
+TEST(XyDataSeries, ACloneHasItsOwnPoints) {
+  const auto ring = VELXyDataSeries::initFifoWithXType(VELDataType_Int32, VELDataType_Float, 2);
+  ring->setAcceptUnsortedData(true);
+  ring->setSeriesName("ring");
+  for (const int x : {1, 5, 3}) ring->appendX(x, x);
+  ring->dataDistributionCalculator()->setDataIsSortedAscending(false);
+  const auto copy = ring->clone();
+  ring->appendX(7, 7);
+  EXPECT_EQ(pointsOf(*copy), "5:5 3:3 ");
+  EXPECT_EQ(copy->seriesName(), "ring");
+  EXPECT_TRUE(copy->isFifo());
+  EXPECT_FALSE(copy->isSorted());
+  EXPECT_EQ(copy->xType(), VELDataType_Int32);
+  std::dynamic_pointer_cast<VELXyDataSeries>(copy)->appendX(8, 8);
+  EXPECT_EQ(pointsOf(*copy), "3:3 8:8 ");
+  EXPECT_EQ(pointsOf(*ring), "3:3 7:7 ");
+}
