@@ -65,8 +65,18 @@ void frameOffscreen(benchmark::State& state) {
   }
 }
 
-BENCHMARK(fullPass)->Name("full_pass")->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Arg(10'000'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(fullPass)
+    ->Name("full_pass")
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->Arg(1'000'000)
+    ->Arg(10'000'000)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(replayUnchanged)->Name("replay_unchanged")->Arg(1'000'000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(frameOffscreen)->Name("frame_offscreen")->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(frameOffscreen)
+    ->Name("frame_offscreen")
+    ->Arg(10'000)
+    ->Arg(1'000'000)
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace

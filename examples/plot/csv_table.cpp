@@ -157,7 +157,8 @@ CsvTable readCsv(const std::filesystem::path& path) {
   errno = 0;
   std::ifstream file(path, std::ios::binary);
   if (!file)
-    throw PlotFailure(name + " cannot be read (" + std::strerror(errno) + "); give a CSV file that exists and is readable.");
+    throw PlotFailure(name + " cannot be read (" + std::strerror(errno) +
+                      "); give a CSV file that exists and is readable.");
   const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   if (file.bad()) throw PlotFailure(name + " cannot be read to its end; check the disk that holds it.");
   return parseCsv(text, name);

@@ -11,9 +11,9 @@
 /// One column. A cell that is no finite number is NaN.
 struct CsvColumn {
   std::string name;
-  std::vector<double> values;  ///< one per data row
-  size_t numbers = 0;          ///< cells that are finite numbers
-  size_t texts = 0;            ///< cells that hold something else
+  std::vector<double> values;     ///< one per data row
+  size_t numbers = 0;             ///< cells that are finite numbers
+  size_t texts = 0;               ///< cells that hold something else
   size_t firstGapRow = SIZE_MAX;  ///< index into `values` of the first cell that is no number
 
   size_t gaps() const { return values.size() - numbers; }

@@ -32,7 +32,8 @@ std::string shortened(const std::string& name) {
 
 void place(VELLabelView& label, double x, double rowTop) {
   const VELSize size = label.frame().size();
-  label.setFrame({std::round(x), std::round(rowTop + (kRowHeight - size.height) / 2.0), size.width, size.height});
+  label.setFrame(
+      {std::round(x), std::round(rowTop + (kRowHeight - size.height) / 2.0), size.width, size.height});
 }
 
 }  // namespace

@@ -11,7 +11,8 @@ namespace {
 double parseScale(const std::string& text) {
   const auto scale = parseNumber(text);
   if (!scale || *scale <= 0.0)
-    throw PlotFailure("The scale '" + text + "' is not a positive number; give pixels per point, as in --scale 2.");
+    throw PlotFailure("The scale '" + text +
+                      "' is not a positive number; give pixels per point, as in --scale 2.");
   return *scale;
 }
 
@@ -23,8 +24,9 @@ VELSize parseSize(const std::string& text) {
   const auto height =
       cross == std::string::npos ? std::nullopt : parseNumber(std::string_view(text).substr(cross + 1));
   if (!width || !height || *width <= 0.0 || *height <= 0.0)
-    throw PlotFailure("The size '" + text +
-                      "' is not two positive numbers; give width and height in points, as in --size 1280x720.");
+    throw PlotFailure(
+        "The size '" + text +
+        "' is not two positive numbers; give width and height in points, as in --size 1280x720.");
   return {*width, *height};
 }
 
@@ -34,7 +36,8 @@ std::optional<PlotOptions> parseOptions(int argc, const char* const* argv) {
   std::string size, scale, out, file;
   app.add_option("FILE.csv", file, "the data: a row of column names, then rows of numbers")->required();
   app.add_option("--x", options.x, "column along the X axis (else the first numeric one, or the row number)");
-  app.add_option("--y", options.y, "column drawn as a line, several times for more (else every other numeric one)")
+  app.add_option("--y", options.y,
+                 "column drawn as a line, several times for more (else every other numeric one)")
       ->expected(1)
       ->allow_extra_args(false);  // what follows the one column is not another
   const auto* outOption = app.add_option("--out", out, "the picture (else FILE.png in this folder)");
@@ -54,7 +57,8 @@ std::optional<PlotOptions> parseOptions(int argc, const char* const* argv) {
   if (outOption->count() > 0 && out.empty())
     throw PlotFailure("The name of the picture is empty; give one, as in --out chart.png.");
   options.file = file;
-  options.out = outOption->count() == 0 ? options.file.filename().replace_extension(".png") : std::filesystem::path(out);
+  options.out = outOption->count() == 0 ? options.file.filename().replace_extension(".png")
+                                        : std::filesystem::path(out);
   if (!size.empty()) options.size = parseSize(size);
   if (!scale.empty()) options.scale = parseScale(scale);
   return options;

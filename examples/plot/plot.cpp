@@ -1,10 +1,16 @@
 #include "examples/plot/plot.h"
 
+#include <algorithm>
+#include <cmath>
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <limits>
 #include <memory>
+#include <span>
+#include <string>
 #include <system_error>
+#include <vector>
 
 #include "examples/plot/failure.h"
 #include "examples/plot/legend.h"
@@ -14,11 +20,21 @@ namespace {
 
 constexpr double kGrowY = 0.05;
 
+// Rows as far apart as the average, to a tenth: then buckets of rows are columns of the picture.
+bool isEvenlySpaced(const std::vector<double>& xs) {
+  if (xs.size() < 3) return true;
+  const double step = (xs.back() - xs.front()) / static_cast<double>(xs.size() - 1);
+  for (size_t i = 1; i < xs.size(); ++i)
+    if (!(std::abs(xs[i] - xs[i - 1] - step) <= std::abs(step) * 0.1)) return false;
+  return true;
+}
+
 std::shared_ptr<VELXyDataSeries> makeData(const PlotLine& line) {
   auto data = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
   data->setSeriesName(line.name);
   data->setAcceptUnsortedData(true);
   data->appendRangeX(std::span<const double>(line.x), std::span<const double>(line.y));
+  data->dataDistributionCalculator()->setDataIsEvenlySpaced(isEvenlySpaced(line.x));
   return data;
 }
 
@@ -34,14 +50,36 @@ std::shared_ptr<VELFastLineRenderableSeries> makeSeries(const PlotLine& line, ui
   return series;
 }
 
+// Neighbouring ticks must read differently: "%g" shows six digits, numbers far from zero may need more.
+std::string formatFor(double lowest, double highest) {
+  const double largest = std::max(std::abs(lowest), std::abs(highest));
+  const double step = (highest - lowest) / 20.0;
+  if (!(step > 0.0)) return {};
+  const double digits = std::ceil(std::log10(largest / step)) + 1.0;
+  if (!(digits > 6.0)) return {};
+  return "%." + std::to_string(static_cast<int>(std::min(digits, 16.0))) + "g";
+}
+
+std::string formatFor(const PlotColumns& columns, std::vector<double> PlotLine::*values) {
+  double lowest = std::numeric_limits<double>::infinity(), highest = -lowest;
+  for (const PlotLine& line : columns.lines)
+    for (const double value : line.*values) {
+      if (value < lowest) lowest = value;
+      if (value > highest) highest = value;
+    }
+  return formatFor(lowest, highest);
+}
+
 void addAxes(VELChartSurface& surface, const PlotColumns& columns) {
   auto x = std::make_shared<VELNumericAxis>();
   x->setAxisTitle(columns.xName);
+  x->setTextFormatting(formatFor(columns, &PlotLine::x));
   surface.attachAxis(x, true);
 
   auto y = std::make_shared<VELNumericAxis>();
   y->setAxisAlignment(VELAxisAlignment_Left);
   y->setGrowBy(std::make_shared<VELDoubleRange>(kGrowY, kGrowY));
+  y->setTextFormatting(formatFor(columns, &PlotLine::y));
   if (columns.lines.size() == 1) y->setAxisTitle(columns.lines.front().name);
   surface.attachAxis(y, false);
 }
@@ -62,7 +100,8 @@ std::shared_ptr<Legend> addSeries(VELChartSurface& surface, const PlotColumns& c
 void writePicture(const VELBitmap& picture, const PlotOptions& options) {
   std::error_code ignored;
   if (std::filesystem::equivalent(options.file, options.out, ignored))
-    throw PlotFailure("The picture '" + options.out.string() + "' would overwrite the data; give another name with --out.");
+    throw PlotFailure("The picture '" + options.out.string() +
+                      "' would overwrite the data; give another name with --out.");
   if (const auto reason = picture.writePng(options.out.string())) throw PlotFailure(*reason);
 }
 
@@ -79,15 +118,19 @@ void plot(const PlotOptions& options) {
 
 VELBitmap drawPlot(const PlotColumns& columns, const PlotOptions& options) {
   if (!VELTextEngine::instance().hasFonts())
-    throw PlotFailure("There is no font on this machine to label the chart; install one, such as the package fonts-dejavu-core.");
+    throw PlotFailure(
+        "There is no font on this machine to label the chart; install one, such as the package "
+        "fonts-dejavu-core.");
   std::string failure;
   const auto host = VELOffscreenHost::create(options.size, options.scale, &failure);
   if (!host) throw PlotFailure(failure);
   const VELVisualStyle& look = VELVisualStyle::standard();
   host->setBackgroundColor(VELColor::fromColorCode(look.background));
 
-  const auto view = VELChartSurfaceView::initWithFrame({0.0, 0.0, options.size.width, options.size.height}, *host);
-  if (!view) throw PlotFailure("OpenGL ES refused to draw; install its drivers, the package libgl1-mesa-dri.");
+  const auto view =
+      VELChartSurfaceView::initWithFrame({0.0, 0.0, options.size.width, options.size.height}, *host);
+  if (!view)
+    throw PlotFailure("OpenGL ES refused to draw; install its drivers, the package libgl1-mesa-dri.");
   VELChartSurface& surface = *view->surface();
   surface.setChartTitle(options.title);
   addAxes(surface, columns);

@@ -52,7 +52,9 @@ Choice choose(const CsvTable& table, const PlotOptions& options) {
   }
   if (choice.ys.empty()) choice.ys = free;
   if (choice.ys.empty())
-    throw PlotFailure("'" + file + "' has no numeric column to draw; give a CSV file with numbers below a row of column names.");
+    throw PlotFailure(
+        "'" + file +
+        "' has no numeric column to draw; give a CSV file with numbers below a row of column names.");
   return choice;
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "fake_chart.h"
+#include "tests/support/allocation_counter.h"
 #include "velmora/axes/coordinate_calculator.h"
 #include "velmora/axes/pixel_grid.h"
 
@@ -187,6 +188,15 @@ TEST(AxisDrawing, AnAxisThatCannotDrawLeavesNothingBehind) {
   chart.y->setParentSurface({});
   chart.draw();
   EXPECT_TRUE(chart.context.shapes.empty());
+}
+
+TEST(AxisDrawing, ASteadyPassMakesNothingButItsCalculators) {
+  FakeChart chart({1280, 720});
+  chart.drawUntilStable();
+  chart.draw();
+  const AllocationCounter allocations;
+  chart.draw();
+  EXPECT_EQ(allocations.count(), 2);
 }
 
 TEST(AxisDrawing, MinorsThatWouldBeAGreyAreaAreLeftOut) {

@@ -107,6 +107,18 @@ TEST(AxisPanel, LabelsThatStayAreTheSameViewsWhilePanned) {
   EXPECT_EQ(chart.x->axisPanel()->subviews().size(), after.size() + 1) << "labels and the title";
 }
 
+TEST(AxisPanel, KeepsItsDepthWhileNoMajorIsInSight) {
+  FakeChart chart({640, 360});
+  chart.drawUntilStable();
+  const float depth = chart.vertical->recommendedSize();
+  chart.y->setAutoTicks(false);
+  chart.y->setMajorDelta(100);
+  chart.y->setVisibleRange(doubles(1, 2));
+  chart.draw();
+  EXPECT_TRUE(chart.y->axisPanel()->tickLabels().empty());
+  EXPECT_EQ(chart.vertical->recommendedSize(), depth);
+}
+
 TEST(AxisPanel, TitlesRunAlongTheirAxisAndTakeRoomOnlyWhenThereIsOne) {
   for (const auto side : {VELAxisAlignment_Left, VELAxisAlignment_Right}) {
     FakeChart chart({640, 360}, VELAxisAlignment_Bottom, side);
@@ -129,7 +141,9 @@ TEST(AxisPanel, TitlesRunAlongTheirAxisAndTakeRoomOnlyWhenThereIsOne) {
       EXPECT_GE(side == VELAxisAlignment_Left ? label.x - frame.right() : frame.x - label.right(), 6 - 1e-3);
     chart.y->setAxisTitle(std::string(500, 'W'));
     chart.drawUntilStable();
-    EXPECT_TRUE(title.isHidden()) << "longer than the chart: cut is worse than none";
+    EXPECT_FALSE(title.isHidden());
+    EXPECT_TRUE(title.text().ends_with("…")) << "longer than the chart";
+    EXPECT_LE(title.frame().height, chart.surface->bounds.height + 1.0);
   }
 }
 
@@ -177,6 +191,18 @@ TEST(AxisArea, StacksItsAxesOutwardsFromTheChartFrame) {
   EXPECT_TRUE(chart.y->isPointWithinBounds({inner.x, inner.y}));
   EXPECT_FALSE(chart.y->isPointWithinBounds({inner.right() + 1, inner.y}));
   EXPECT_FALSE(chart.vertical->needResizing());
+  // A larger area leaves the rest outside; a shifted one shifts the ticks with it.
+  chart.layOut(chart.horizontal->frame().height, chart.vertical->frame().width + 30);
+  EXPECT_EQ(chart.y->axisPanel()->frameInChart().right(), chart.surface->frame.x);
+  EXPECT_EQ(second->axisPanel()->frameInChart().x, 30);
+  chart.vertical->setFrame(chart.vertical->frame().offsetBy(0, 7));
+  EXPECT_EQ(chart.y->getAxisOffset(), 7);
+  EXPECT_EQ(chart.x->getAxisOffset(), 0);
+  chart.draw();
+  const auto marks = chart.context.of(chart.y->style().majorTickPen().get());
+  const auto lines = chart.context.of(chart.y->style().majorGridLinePen().get());
+  EXPECT_EQ(marks[1].y1, lines[1].y1);
+  EXPECT_GT(lines[0].y1, chart.surface->frame.bottom()) << "a line beyond the chart frame stays there";
   second->setAxisTitle("wider");
   chart.draw();
   EXPECT_TRUE(chart.vertical->needResizing());

@@ -22,9 +22,10 @@ TEST(DistributionCalculator, EachEventLooksAtWhatItBroughtAndItsNeighbours) {
     int64_t index, count;
     bool sorted;
   } rows[] = {
+      // Of 9, 1, 2 with one new value the older fault is not its business.
       {Append, {1, 2, 2, 3}, 0, 4, true},
       {Append, {1, 2, 1}, 0, 1, false},
-      {Append, {9, 1, 2}, 0, 1, true},  // an older fault is not its business
+      {Append, {9, 1, 2}, 0, 1, true},
       {Append, {9, 1, 2}, 0, 2, false},
       {Append, {7}, 0, 1, true},
       {Append, {2, kNaN, 1}, 0, 3, true},

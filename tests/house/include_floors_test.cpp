@@ -36,8 +36,10 @@ const std::set<std::string> kInterfaces = {
 
 /// Third parties and the one folder below platform/ that may name each.
 const std::vector<std::pair<std::regex, std::string>> kThirdParties = {
-    {std::regex("^(EGL|GLES[0-9]*|KHR)/"), "egl"}, {std::regex("^(pango|fontconfig)"), "pango"},
-    {std::regex("^(cairo)"), "cairo"},             {std::regex("^unicode/"), "icu"},
+    {std::regex("^(EGL|GLES[0-9]*|KHR)/"), "egl"},
+    {std::regex("^(pango|fontconfig)"), "pango"},
+    {std::regex("^(cairo)"), "cairo"},
+    {std::regex("^unicode/"), "icu"},
     {std::regex("^SDL"), "sdl"},
 };
 
@@ -85,18 +87,21 @@ std::string complaintAbout(const Include& include) {
   for (const auto& [pattern, owner] : kThirdParties) {
     if (!std::regex_search(include.header, pattern)) continue;
     const bool owns = insidePlatformFolder && from[2] == owner;
-    return owns ? "" : include.file + " includes " + include.header + ", which belongs into platform/" + owner;
+    return owns ? ""
+                : include.file + " includes " + include.header + ", which belongs into platform/" + owner;
   }
   if (!include.header.starts_with("velmora/")) return {};
   const auto to = partsOf(include.header);
   if (to.size() < 3) return include.file + " includes the umbrella header";
   if (folder == "platform" && !insidePlatformFolder && to.size() == 4)
     return include.file + " includes " + include.header + ", an implementation of the platform";
-  const bool sameFloor = (folder == "axes" && to[1] == "rendering") || (folder == "rendering" && to[1] == "axes");
+  const bool sameFloor =
+      (folder == "axes" && to[1] == "rendering") || (folder == "rendering" && to[1] == "axes");
   if (sameFloor && kInterfaces.contains(include.header)) return {};
   const auto plan = kMayInclude.find(folder);
   if (plan == kMayInclude.end()) return include.file + " stands in a folder without a place in the plan";
-  if (!plan->second.contains(to[1])) return include.file + " includes " + include.header + " of another floor";
+  if (!plan->second.contains(to[1]))
+    return include.file + " includes " + include.header + " of another floor";
   return {};
 }
 
@@ -129,7 +134,8 @@ TEST(FloorPlan, TheAlarmRingsForEachKindOfWrongInclude) {
       {"velmora/elsewhere/x.cpp", "velmora/data/range.h"},
       {"velmora/data/range.h", "velmora/velmora.h"},
   };
-  for (const Include& include : wrong) EXPECT_NE(complaintAbout(include), "") << include.file << " " << include.header;
+  for (const Include& include : wrong)
+    EXPECT_NE(complaintAbout(include), "") << include.file << " " << include.header;
 
   std::istringstream text("// #include \"a.h\"\n#include <vector>\n  # include \"velmora/data/range.h\"\n");
   const auto includes = includesOf("velmora/axes/x.h", text);

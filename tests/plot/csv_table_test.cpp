@@ -18,16 +18,17 @@ std::vector<std::string> namesOf(const CsvTable& table) {
 
 TEST(CsvTable, ReadsWhatPeopleWriteAsOneTable) {
   const std::string_view variants[] = {
-      "a,b\n1,2\n3,4\n",                    // plain
-      "a,b\n1,2\n3,4",                      // last line not ended
-      "\xEF\xBB\xBF" "a,b\r\n1,2\r\n3,4\r\n",  // byte order mark, CRLF
-      "\"a\",\"b\"\n\"1\",\"2\"\n3,4\n",    // quoted
-      "a;b\n1;2\n3;4\n",                    // semicolons
-      "a\tb\n1\t2\n3\t4\n",                 // tabs
-      "a,b\n\n1,2\n\n\n3,4\n\n",            // empty lines
-      "a,b\n +1 ,2.0\n3e0,0.4E1\n",         // blanks and other spellings
-      "a,b\n1,2,99\n3,4,99,99\n",           // more cells than names
-      "a,b\r1,2\r3,4\r",                    // CR alone
+      "a,b\n1,2\n3,4\n",  // plain
+      "a,b\n1,2\n3,4",    // last line not ended
+      "\xEF\xBB\xBF"
+      "a,b\r\n1,2\r\n3,4\r\n",            // byte order mark, CRLF
+      "\"a\",\"b\"\n\"1\",\"2\"\n3,4\n",  // quoted
+      "a;b\n1;2\n3;4\n",                  // semicolons
+      "a\tb\n1\t2\n3\t4\n",               // tabs
+      "a,b\n\n1,2\n\n\n3,4\n\n",          // empty lines
+      "a,b\n +1 ,2.0\n3e0,0.4E1\n",       // blanks and other spellings
+      "a,b\n1,2,99\n3,4,99,99\n",         // more cells than names
+      "a,b\r1,2\r3,4\r",                  // CR alone
       "\n\na;b\n1;2\n3;4\n",              // the header comes later
   };
   for (const std::string_view text : variants) {
@@ -53,7 +54,8 @@ TEST(CsvTable, QuotedFieldsHoldCommasQuotesAndLineBreaks) {
 }
 
 TEST(CsvTable, OnlyFiniteNumbersAreNumbers) {
-  for (const char* text : {"", " ", "abc", "1,5", "nan", "inf", "-inf", "1e999", "0x10", "1 2", "+-1", "--1", "1.2.3"})
+  for (const char* text :
+       {"", " ", "abc", "1,5", "nan", "inf", "-inf", "1e999", "0x10", "1 2", "+-1", "--1", "1.2.3"})
     EXPECT_FALSE(parseNumber(text)) << text;
   EXPECT_EQ(parseNumber("-0"), 0.0);
   EXPECT_EQ(parseNumber("1e-320"), 1e-320);
@@ -98,7 +100,8 @@ TEST(PlotColumns, RowsCountFromOneAndGapsAreToldOnce) {
   EXPECT_EQ(rows.lines[0].x, (std::vector<double>{1, 2}));
   EXPECT_EQ(rows.gapNote, "");
 
-  const PlotColumns gaps = choosePlotColumns(parseCsv("t,a,b\n0,1,1\n\n1,,2\n2,oops,3\n,7,4\n4,8,\n", "test"), options);
+  const PlotColumns gaps =
+      choosePlotColumns(parseCsv("t,a,b\n0,1,1\n\n1,,2\n2,oops,3\n,7,4\n4,8,\n", "test"), options);
   EXPECT_EQ(gaps.gapNote,
             "4 cells are empty or not a number and left out of the lines; the first is in line 4.");
   ASSERT_EQ(gaps.lines.size(), 2u);
@@ -111,7 +114,8 @@ TEST(PlotColumns, RowsCountFromOneAndGapsAreToldOnce) {
 TEST(PlotOptions, SizesAreTwoPositiveNumbers) {
   EXPECT_EQ(parseSize("1280x720"), (VELSize{1280.0, 720.0}));
   EXPECT_EQ(parseSize("640.5X360"), (VELSize{640.5, 360.0}));
-  for (const char* wrong : {"", "x", "1280", "1280x", "x720", "0x5", "-1x5", "5x-1", "axb", "1x2x3", "infx5", "1280,720"})
+  for (const char* wrong :
+       {"", "x", "1280", "1280x", "x720", "0x5", "-1x5", "5x-1", "axb", "1x2x3", "infx5", "1280,720"})
     EXPECT_THROW(parseSize(wrong), PlotFailure) << wrong;
 }
 

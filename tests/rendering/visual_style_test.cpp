@@ -70,7 +70,8 @@ TEST(VisualStyle, SeriesColoursDifferForEveryEye) {
   for (size_t eye = 0; eye < kEyes.size(); ++eye)
     for (size_t a = 0; a < 8; ++a)
       for (size_t b = a + 1; b < 8; ++b)
-        EXPECT_GE(distance(labOf(look.seriesColor(a), kEyes[eye]), labOf(look.seriesColor(b), kEyes[eye])), 12.0)
+        EXPECT_GE(distance(labOf(look.seriesColor(a), kEyes[eye]), labOf(look.seriesColor(b), kEyes[eye])),
+                  12.0)
             << "eye " << eye << ", colours " << a << " and " << b;
 }
 

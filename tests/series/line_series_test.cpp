@@ -19,7 +19,8 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 // One data unit is one point; y grows downwards with the screen.
 std::shared_ptr<VELCoordinateCalculator> identity(bool horizontal, bool flippedFlag = false) {
-  return std::make_shared<VELFlippedDoubleCoordinateCalculator>(101.0, 0.0, 100.0, true, horizontal, flippedFlag);
+  return std::make_shared<VELFlippedDoubleCoordinateCalculator>(101.0, 0.0, 100.0, true, horizontal,
+                                                                flippedFlag);
 }
 
 // A series with its points, drawn into a recording context of 200 by 100 points.

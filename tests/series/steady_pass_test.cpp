@@ -49,7 +49,8 @@ struct LineChart {
 
   RecordingHost host;
   std::shared_ptr<VELChartSurfaceView> view;
-  std::shared_ptr<VELXyDataSeries> data = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
+  std::shared_ptr<VELXyDataSeries> data =
+      std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
   std::shared_ptr<CountingSeries> series = std::make_shared<CountingSeries>();
 };
 
@@ -75,7 +76,8 @@ TEST(SteadyPass, AllocatesNothingInDataResamplingAndDrawing) {
     VELPointResampler resampler;
     const auto resample = [&] {
       chart.data->getIndicesRangeWithVisibleRange(visible, indices);
-      return chart.data->toPointSeriesWithResamplingMode(VELResamplingMode_MinMax, indices, 700, false, visible, resampler);
+      return chart.data->toPointSeriesWithResamplingMode(VELResamplingMode_MinMax, indices, 700, false,
+                                                         visible, resampler);
     };
     resample();
     const AllocationCounter counter;
@@ -115,7 +117,8 @@ TEST(SteadyPass, TimeOfDayIsExactToThePixelWhenZoomedToAMillisecond) {
   ASSERT_NE(pass->pointSeries(), nullptr);
   const double width = chart.view->surface()->chartFrame().width;
   for (int i = 0; i <= 8; ++i) {
-    const double x = pass->xCoordinateCalculator()->getCoordinateFrom(pass->pointSeries()->xSpan()[static_cast<size_t>(i)]);
+    const double x = pass->xCoordinateCalculator()->getCoordinateFrom(
+        pass->pointSeries()->xSpan()[static_cast<size_t>(i)]);
     EXPECT_NEAR(x, i * (width - 1.0) / 8.0, 0.01) << i;
   }
 }

@@ -38,7 +38,9 @@ class RecordingContext : public VELRenderContext2D {
     _changed = true;
     if (_invalidated) _invalidated();
   }
-  VELSize viewportSize() const override { return _surface.lock() ? _surface.lock()->chartFrame().size() : VELSize{}; }
+  VELSize viewportSize() const override {
+    return _surface.lock() ? _surface.lock()->chartFrame().size() : VELSize{};
+  }
   void clear() override {
     operations.clear();
     operations.push_back({"clear", {}, 0});
@@ -51,7 +53,9 @@ class RecordingContext : public VELRenderContext2D {
     add("rect", {x1, y1, x2, y2}, brush);
   }
   void beginPolylineWithBrush(const VELPenPtr& pen, float x, float y) override { add("begin", {x, y}, pen); }
-  void extendPolylineWithBrush(const VELPenPtr& pen, float x, float y) override { add("extend", {x, y}, pen); }
+  void extendPolylineWithBrush(const VELPenPtr& pen, float x, float y) override {
+    add("extend", {x, y}, pen);
+  }
   void drawPolylineWithBrush(const VELPenPtr& pen, const VELArrayController& x, const VELArrayController& y,
                              int32_t) override {
     std::vector<double> points;
@@ -68,7 +72,9 @@ class RecordingContext : public VELRenderContext2D {
   const std::function<void()>& invalidated() const override { return _invalidated; }
   void setInvalidated(std::function<void()> invalidated) override { _invalidated = std::move(invalidated); }
   std::shared_ptr<VELRenderSurface> parentRenderSurface() const override { return _surface.lock(); }
-  void setParentRenderSurface(const std::shared_ptr<VELRenderSurface>& surface) override { _surface = surface; }
+  void setParentRenderSurface(const std::shared_ptr<VELRenderSurface>& surface) override {
+    _surface = surface;
+  }
   bool wasChanged() const override { return _changed; }
   void setWasChanged(bool changed) override { _changed = changed; }
 

@@ -125,7 +125,8 @@ TEST(RenderPass, AFrameThatIsTooSmallLeavesTheLastPicture) {
   ChartWithAxes chart;
   chart.tick();
   const size_t before = chart.context().operations.size();
-  for (const VELSize size : {VELSize{1.5, 300.0}, VELSize{300.0, 1.99}, VELSize{0.0, 0.0}, VELSize{std::nan(""), 5.0}}) {
+  for (const VELSize size :
+       {VELSize{1.5, 300.0}, VELSize{300.0, 1.99}, VELSize{0.0, 0.0}, VELSize{std::nan(""), 5.0}}) {
     chart.view->renderSurfaceSizeView()->setFrame({0.0, 0.0, size.width, size.height});
     chart.surface->invalidateElement();
     EXPECT_EQ(runPass(chart), VELSurfaceError_TooSmall | VELSurfaceError_NoSeries);
@@ -251,7 +252,8 @@ TEST(RenderPass, TwoSeriesOnOneDataSeriesBothDrawTheirOwnPoints) {
   for (int frame = 0; frame < 2; ++frame) {
     chart.surface->invalidateElement();
     chart.tick();
-    const auto one = first->currentRenderPassData()->pointSeries(), two = second->currentRenderPassData()->pointSeries();
+    const auto one = first->currentRenderPassData()->pointSeries(),
+               two = second->currentRenderPassData()->pointSeries();
     EXPECT_NE(one, two);
     EXPECT_LT(one->count(), two->count());
     EXPECT_EQ(two->count(), 5000);

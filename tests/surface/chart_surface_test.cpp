@@ -33,7 +33,9 @@ class Element : public Protocol {
   void setParentSurface(const std::weak_ptr<VELChartSurface>& surface) override {
     told.emplace_back(surface.lock() ? "parent" : "no parent");
   }
-  void setIsAttached(bool attached) override { told.emplace_back(attached ? "is attached" : "is not attached"); }
+  void setIsAttached(bool attached) override {
+    told.emplace_back(attached ? "is attached" : "is not attached");
+  }
   void onAttached() override { told.emplace_back("onAttached"); }
   void onDetached() override { told.emplace_back("onDetached"); }
 };

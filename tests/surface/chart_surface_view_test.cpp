@@ -36,7 +36,8 @@ struct Chart {
 };
 
 TEST(ChartSurfaceView, PlacesFrameAndAreasEdgeToEdgeInsideItself) {
-  for (const VELSize size : {VELSize{1280, 720}, VELSize{640.5, 360.25}, VELSize{320, 240}, VELSize{60, 30}, VELSize{0, 0}}) {
+  for (const VELSize size :
+       {VELSize{1280, 720}, VELSize{640.5, 360.25}, VELSize{320, 240}, VELSize{60, 30}, VELSize{0, 0}}) {
     for (const char* title : {"", "A title"}) {
       Chart chart({7.0, 9.0, size.width, size.height});
       chart.view->surface()->setChartTitle(title);
@@ -92,7 +93,8 @@ TEST(ChartSurfaceView, ForcedSidesKeepTheirSizeAndCauseNoMoreLayouts) {
 
 TEST(ChartSurfaceView, ALayoutThatRaisesIsNotTheLast) {
   RecordingChart chart;
-  chart.view->setOnLayoutSubviews([](float, float, float, float) { throw std::runtime_error("application"); });
+  chart.view->setOnLayoutSubviews(
+      [](float, float, float, float) { throw std::runtime_error("application"); });
   EXPECT_THROW(chart.view->layoutSubviews(), std::runtime_error);
   chart.view->setOnLayoutSubviews(nullptr);
   const int before = chart.view->placed;

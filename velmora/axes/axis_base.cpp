@@ -25,10 +25,7 @@ void VELAxisBase::watchStyle() {
   _style.setStyleChanged([this] { invalidateElement(); });
 }
 
-void VELAxisBase::setStyle(const VELAxisStyle& style) {
-  _style = style;
-  invalidateElement();
-}
+void VELAxisBase::setStyle(const VELAxisStyle& style) { _style = style; }
 
 void VELAxisBase::setAxisId(std::string id) {
   _axisId = std::move(id);
@@ -38,7 +35,10 @@ void VELAxisBase::setAxisId(std::string id) {
 void VELAxisBase::setAxisAlignment(VELAxisAlignment alignment) {
   if (alignment == _axisAlignment) return;
   _axisAlignment = alignment;
-  if (_onAxisAlignmentChanged) _onAxisAlignmentChanged();
+  // The block may replace itself and may let go of this axis.
+  const auto self = weak_from_this().lock();
+  const auto block = _onAxisAlignmentChanged;
+  if (block) block();
   invalidateElement();
 }
 
@@ -126,7 +126,9 @@ std::shared_ptr<const VELTickCoordinates> VELAxisBase::CalculateTicks() {
   const auto valuesOf = [](const std::shared_ptr<VELArrayController>& list) {
     return list ? std::as_const(*list).doubles() : std::span<const double>();
   };
-  return coordinates->getTickCoordinatesWithMinorTicks(valuesOf(minor), valuesOf(major));
+  std::shared_ptr<const VELTickCoordinates> ticks =
+      coordinates->getTickCoordinatesWithMinorTicks(valuesOf(minor), valuesOf(major));
+  return ticks ? ticks : std::make_shared<VELTickCoordinates>();
 }
 
 int32_t VELAxisBase::p_VEL_getMajorTickIndex(double value) const {

@@ -55,12 +55,14 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
   void setAutoTicks(bool autoTicks);
   bool isStaticAxis() const { return _isStaticAxis; }
   void setIsStaticAxis(bool isStatic) { _isStaticAxis = isStatic; }
+  /// Kept for range animation, which comes with the gestures: until then every range is set at once.
   bool animateVisibleRangeChanges() const { return _animateVisibleRangeChanges; }
   void setAnimateVisibleRangeChanges(bool animate) { _animateVisibleRangeChanges = animate; }
   double animatedChangeDuration() const { return _animatedChangeDuration; }
   void setAnimatedChangeDuration(double seconds) { _animatedChangeDuration = seconds; }
 
-  /// What the axis shows; the axis' own object, null when none is set.
+  /// What the axis shows; null when none is set. It is the axis' own object: clone it before changing it,
+  /// since a change in place is neither checked nor shown.
   const VELRangePtr& visibleRange() const { return _visibleRange; }
   /// Keeps a clone. Null is taken and shows nothing.
   /// @throws VELException "Invalide operation" for a range of the wrong type, "Invalide argument" when its
@@ -71,6 +73,8 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
   void setGrowBy(const VELRangePtr& fractions);
   VELAutoRange autoRange() const { return _autoRange; }
   void setAutoRange(VELAutoRange mode);
+  /// Smallest and largest span that zooming may reach, NaN for none; kept for the gestures, which will read
+  /// them.
   const VELGenericType& minimalZoomConstrain() const { return _minimalZoomConstrain; }
   void setMinimalZoomConstrain(const VELGenericType& span) { _minimalZoomConstrain = span; }
   const VELGenericType& maximalZoomConstrain() const { return _maximalZoomConstrain; }
@@ -95,6 +99,9 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
   const VELGenericType& minorDelta() const { return _minorDelta; }
   void setMinorDelta(const VELGenericType& delta);
   int32_t minorsPerMajor() const { return _minorsPerMajor; }
+  /// Parts of a major step, at least 1.
+  /// A smaller number raises VELInternalInconsistencyException when the spacing is calculated, in the next
+  /// pass.
   void setMinorsPerMajor(int32_t count);
   int32_t maxAutoTicks() const { return _maxAutoTicks; }
   void setMaxAutoTicks(int32_t count);

@@ -17,6 +17,18 @@ constexpr double kSmallestLabel = 8.0;
 // A band at the end of the axis that is no wider than this is the rest of a pixel.
 constexpr double kSmallestBand = 1.0;
 
+// Brackets a preparation, also when it raises.
+class PreparingFlag {
+ public:
+  explicit PreparingFlag(bool& flag) : _flag(flag) { _flag = true; }
+  PreparingFlag(const PreparingFlag&) = delete;
+  PreparingFlag& operator=(const PreparingFlag&) = delete;
+  ~PreparingFlag() { _flag = false; }
+
+ private:
+  bool& _flag;
+};
+
 // Smallest distance between neighbours, infinite for fewer than two.
 double smallestGap(std::span<const float> coordinates) {
   double gap = std::numeric_limits<double>::infinity();
@@ -53,7 +65,9 @@ void VELAxisDrawing::clear() {
 
 void VELAxisDrawing::prepare() {
   const auto surface = _axis.parentSurface();
-  if (!_isValid || !surface) return;
+  // A provider may ask for the very preparation that called it.
+  if (!_isValid || !surface || _isPreparing) return;
+  const PreparingFlag preparing(_isPreparing);
   if (const auto labels = _axis.labelProvider()) labels->onBeginAxisDraw();
   if (!_axis.currentCoordinateCalculator()) _axis.getCurrentCoordinateCalculator();
 
@@ -68,6 +82,9 @@ void VELAxisDrawing::prepare() {
   // Let go of the last pass' ticks first, so that their memory serves again.
   _ticks.reset();
   _ticks = _axis.CalculateTicks();
+  // What it was now: a provider may replace the range before the bands are drawn.
+  _visibleMin = _axis.visibleRange() ? _axis.visibleRange()->minAsDouble() : 0.0;
+  _visibleMax = _axis.visibleRange() ? _axis.visibleRange()->maxAsDouble() : 0.0;
   _showsMinors = smallestGap(_ticks->getMinorTickCoordinates()) >= _axis.style().minMinorSpacing();
   requestLabels();
   _axis.axisPanel()->updateWithAxis(_axis, _requests, surface->viewBounds());
@@ -154,8 +171,8 @@ void VELAxisDrawing::drawBands(VELRenderContext2D& context) const {
   const auto values = _ticks->getMajorTicks();
   if (values.empty() || !(step > 0.0)) return;
 
-  const double min = calculator->getCoordinateFrom(_axis.visibleRange()->minAsDouble());
-  const double max = calculator->getCoordinateFrom(_axis.visibleRange()->maxAsDouble());
+  const double min = calculator->getCoordinateFrom(_visibleMin);
+  const double max = calculator->getCoordinateFrom(_visibleMax);
   const double start = _offset, end = _offset + _size;
   const auto coordinates = _ticks->getMajorTickCoordinates();
   // A gap has the number of the major below it, whichever gaps are in sight: bands move with the data.

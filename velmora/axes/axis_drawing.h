@@ -40,12 +40,15 @@ class VELAxisDrawing {
 
   VELAxisBase& _axis;
   bool _isValid = false;
+  bool _isPreparing = false;
   bool _isHorizontal = false;
   bool _hasPanel = false;
   bool _showsMinors = false;
   double _scale = 1.0;
   double _offset = 0.0;
   double _size = 0.0;
+  double _visibleMin = 0.0;  ///< data units
+  double _visibleMax = 0.0;
   VELRect _chartFrame;
   VELRect _panelFrame;
   std::shared_ptr<const VELTickCoordinates> _ticks;

@@ -67,7 +67,8 @@ void VELAxisPanel::updateWithAxis(const VELAxisBase& axis, std::span<const VELTi
   fillLabels(axis, style.drawLabels() ? ticks : ticks.first(0));
   cullLabels(style.drawLabels() ? ticks : ticks.first(0), isHorizontal, style.minLabelSpacing());
   measureLabels(isHorizontal);
-  fillTitle(axis);
+  const VELRect room = inflated(viewBounds, kSlack);
+  fillTitle(axis, isHorizontal ? room.width : room.height);
   const Depths depths = depthsOf(style, isHorizontal);
   _recommendedSize = std::ceil(depths.end - kSlack);
 
@@ -78,6 +79,8 @@ void VELAxisPanel::updateWithAxis(const VELAxisBase& axis, std::span<const VELTi
 }
 
 void VELAxisPanel::fillLabels(const VELAxisBase& axis, std::span<const VELTickLabelRequest> ticks) {
+  // A provider that raised in the last pass left labels behind.
+  retireFormerLabels();
   // A label stays with its major while the axis is panned, so that only new ones are measured.
   std::swap(_labels, _formerLabels);
   std::swap(_indices, _formerIndices);
@@ -85,13 +88,12 @@ void VELAxisPanel::fillLabels(const VELAxisBase& axis, std::span<const VELTickLa
   _indices.clear();
   const auto provider = axis.labelProvider();
   const VELTextFormattingStyle& style = axis.style().labelStyle();
-  auto former = _formerIndices.begin();
+  size_t former = 0;
   for (const VELTickLabelRequest& tick : ticks) {
-    while (former != _formerIndices.end() && *former < tick.index) ++former;
-    std::shared_ptr<VELDefaultTickLabel> label;
-    if (former != _formerIndices.end() && *former == tick.index)
-      label = std::move(_formerLabels[static_cast<size_t>(former++ - _formerIndices.begin())]);
-    if (!label) label = _pool.get();
+    while (former < _formerIndices.size() && _formerIndices[former] < tick.index) ++former;
+    const bool stays =
+        former < _formerLabels.size() && _formerIndices[former] == tick.index && _formerLabels[former];
+    std::shared_ptr<VELDefaultTickLabel> label = stays ? _formerLabels[former] : _pool.get();
     if (provider) {
       provider->updateDataContextWithContext(*label, tick.value, &style);
     } else {
@@ -100,10 +102,15 @@ void VELAxisPanel::fillLabels(const VELAxisBase& axis, std::span<const VELTickLa
       label->setTransform(style.transform());
       label->setText(axis.formatText(tick.value));
     }
+    if (stays) _formerLabels[former++].reset();
     if (label->superview().get() != this) addSubview(label);
     _labels.push_back(std::move(label));
     _indices.push_back(tick.index);
   }
+  retireFormerLabels();
+}
+
+void VELAxisPanel::retireFormerLabels() {
   for (auto& label : _formerLabels) {
     if (!label) continue;
     label->removeFromSuperview();
@@ -133,7 +140,7 @@ void VELAxisPanel::measureLabels(bool isHorizontal) {
   }
 }
 
-void VELAxisPanel::fillTitle(const VELAxisBase& axis) {
+void VELAxisPanel::fillTitle(const VELAxisBase& axis, double room) {
   if (!_title->superview()) addSubview(_title);
   const VELTextFormattingStyle& style = axis.style().titleStyle();
   const VELAxisAlignment side = axis.effectiveAlignment();
@@ -144,6 +151,7 @@ void VELAxisPanel::fillTitle(const VELAxisBase& axis) {
                        : side == VELAxisAlignment_Left ? kUpwards
                                                        : kDownwards);
   _title->setText(_hasTitle ? std::string_view(axis.axisTitle()) : std::string_view());
+  _title->shortenToWidth(room);
   _title->sizeToFit();
 }
 

@@ -61,9 +61,12 @@ class VELMORA_API VELAxisPanel : public VELView {
   };
 
   void fillLabels(const VELAxisBase& axis, std::span<const VELTickLabelRequest> ticks);
+  /// Takes what is left of the former labels off the panel, into the pool.
+  void retireFormerLabels();
   void cullLabels(std::span<const VELTickLabelRequest> ticks, bool isHorizontal, double spacing);
   void measureLabels(bool isHorizontal);
-  void fillTitle(const VELAxisBase& axis);
+  /// @param room points that the title may take along the axis; a longer one is shortened
+  void fillTitle(const VELAxisBase& axis, double room);
   Depths depthsOf(const VELAxisStyle& style, bool isHorizontal) const;
   void placeLabels(const VELAxisBase& axis, const Depths& depths, const VELRect& visible);
   void placeTitle(const VELAxisBase& axis, const Depths& depths, const VELRect& visible);

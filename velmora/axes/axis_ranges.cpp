@@ -95,6 +95,8 @@ void VELAxisBase::finishRange(VELRangePtr& range) const {
   coerceZeroRange(*range);
   if (growBy())
     range = range->growMinBy(growBy()->min(), growBy()->max(), isLogarithmicAxis(), logarithmicBase());
+  // Fractions below zero may leave no width.
+  coerceZeroRange(*range);
   p_VEL_tryApplyVisibleRangeLimit(*range);
 }
 

@@ -41,18 +41,13 @@ VELAxisStyle& VELAxisStyle::operator=(const VELAxisStyle& other) {
   _values = other._values;
   _labelStyle = other._labelStyle;
   _titleStyle = other._titleStyle;
+  changed();
   return *this;
 }
 
-void VELAxisStyle::setLabelStyle(const VELTextFormattingStyle& style) {
-  _labelStyle = style;
-  changed();
-}
+void VELAxisStyle::setLabelStyle(const VELTextFormattingStyle& style) { _labelStyle = style; }
 
-void VELAxisStyle::setTitleStyle(const VELTextFormattingStyle& style) {
-  _titleStyle = style;
-  changed();
-}
+void VELAxisStyle::setTitleStyle(const VELTextFormattingStyle& style) { _titleStyle = style; }
 
 void VELAxisStyle::changed() const {
   if (_styleChanged) _styleChanged();

@@ -45,3 +45,9 @@ class VELMORA_API VELDefaultTickLabel : public VELLabelView {
   std::string _separator;
   std::string _exponent;
 };
+
+/// The label of numeric axes.
+class VELMORA_API VELNumericTickLabel : public VELDefaultTickLabel {
+ public:
+  using VELDefaultTickLabel::VELDefaultTickLabel;
+};

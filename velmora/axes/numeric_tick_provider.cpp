@@ -35,7 +35,7 @@ bool isMultiple(double value, double step) {
 bool isUseful(double min, double max, const VELAxisDelta& delta) {
   const double minor = VELGenericDouble(delta.minorDelta);
   // Both lists look at the minor step. Comparisons with NaN are false, so that NaN is no use.
-  return min <= max && minor >= VELNumericTickProvider::minDeltaValue;
+  return min <= max && minor >= VELNumericTickProvider::MinDeltaValue;
 }
 
 // Lists start + k × step within the range; the major list keeps multiples of the major step, the minor list
@@ -51,12 +51,13 @@ void listTicks(double min, double max, double step, double major, VELArrayContro
   double last = -std::numeric_limits<double>::infinity();
   for (int64_t k = 0; k < kMaxSteps && ticks.count() < VELNumericTickProvider::maxTicksPerPass; ++k) {
     double tick = (first + static_cast<double>(k)) * step;
+    const bool isMajor = isMultiple(tick, major);
     // Rounding loses no tick at the end of the range: 0.1 × 3 is a hair above 0.3.
     if (tick > max && tick - max < kNoise * step) tick = max;
     if (!(tick <= max)) return;
     if (!(tick > last)) continue;
     last = tick;
-    const bool keep = hasMajors ? isMajorPass == isMultiple(tick, major) : !isMajorPass;
+    const bool keep = hasMajors ? isMajorPass == isMajor : !isMajorPass;
     if (keep) ticks.append(tick);
   }
 }

@@ -11,6 +11,7 @@
 template <class T>
 class VELObjectPool {
  public:
+  /// Makes one object. An empty one raises std::bad_function_call when it is needed.
   using Factory = std::function<std::shared_ptr<T>()>;
 
   VELObjectPool() = default;

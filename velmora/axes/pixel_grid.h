@@ -8,8 +8,9 @@
 
 /// The device pixels along one direction of a drawing area.
 ///
-/// Always true of a snapped line that is a whole number of pixels wide: it covers whole pixels, all inside
-/// the area. It lies within half a pixel of where it belongs; at the ends of the area it moves inside.
+/// Always true of a snapped line that is a whole number of pixels wide: it covers whole pixels and lies
+/// within half a pixel of where it belongs. One that an end of the area would cut moves inside, one beyond
+/// the end stays outside.
 struct VELPixelGrid {
   double scale = 1.0;   ///< pixels per point; anything but a positive number counts as 1
   double origin = 0.0;  ///< start of the drawing area on the surface
@@ -22,7 +23,8 @@ struct VELPixelGrid {
     const double first = std::ceil(origin * density - kSlack);
     const double last = std::floor((origin + length) * density + kSlack) - pixels;
     double start = std::floor((origin + centre) * density - pixels / 2.0 + 0.5);
-    if (first <= last) start = std::clamp(start, first, last);
+    const bool isInSight = start >= first - pixels && start <= last + pixels;
+    if (first <= last && isInSight) start = std::clamp(start, first, last);
     return (start + pixels / 2.0) / density - origin;
   }
 

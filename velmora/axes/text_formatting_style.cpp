@@ -29,6 +29,7 @@ VELTextFormattingStyle& VELTextFormattingStyle::operator=(const VELTextFormattin
   _transform = other._transform;
   _alignmentHorizontal = other._alignmentHorizontal;
   _alignmentVertical = other._alignmentVertical;
+  changed();
   return *this;
 }
 

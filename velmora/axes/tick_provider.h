@@ -8,7 +8,8 @@
 
 class VELAxisCore;
 
-/// Lists tick values in ascending order. Lives with its axis, which it holds weakly.
+/// Lists tick values in ascending order, as columns of VELDataType_Double; any other column counts as empty.
+/// Lives with its axis, which it holds weakly.
 class VELMORA_API VELTickProvider {
  public:
   virtual ~VELTickProvider() = default;

@@ -6,6 +6,8 @@
 #include <functional>
 #include <limits>
 #include <new>
+#include <type_traits>
+#include <utility>
 
 #include "velmora/data/array_search.h"
 #include "velmora/data/element_converter.h"
@@ -30,10 +32,9 @@ void convertElements(const Source* from, Target* to, int64_t count) {
   if constexpr (std::is_same_v<Source, Target>) {
     std::memcpy(to, from, static_cast<size_t>(count) * sizeof(Target));
   } else if constexpr (std::is_same_v<Source, VELDate>) {
-    std::transform(from, from + count, to, [](VELDate date) {
-      return static_cast<Target>(
-          date.timeIntervalSince1970());  // only date columns take dates, they store doubles
-    });
+    // Only date columns take dates, and they store doubles.
+    std::transform(from, from + count, to,
+                   [](VELDate date) { return static_cast<Target>(date.timeIntervalSince1970()); });
   } else {
     std::transform(from, from + count, to,
                    [](const Source& value) { return VELConvertElement<Source, Target>(&value); });

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
 #include "velmora/data/generic_type.h"
 #include "velmora/data/saturate.h"

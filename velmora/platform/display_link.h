@@ -18,7 +18,8 @@ class VELMORA_API VELDisplayLink {
   uint64_t add(Callback callback);
   /// Also from inside a call; an unknown key does nothing.
   void remove(uint64_t key);
-  /// One refresh at a time in seconds, of any origin, never going back.
+  /// One refresh at a time in seconds, of any origin, never going back. The caller holds the link until the
+  /// call ends: a listener may let go of everyone else who does.
   void tick(double seconds);
   /// Time of the last tick; 0 before the first.
   double lastTick() const { return _lastTick; }

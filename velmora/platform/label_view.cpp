@@ -41,6 +41,28 @@ const VELSize& VELLabelView::textSize() const {
   return _textSize;
 }
 
+void VELLabelView::shortenToWidth(double points) {
+  if (_text.empty() || textSize().width <= points) return;
+  const std::string full = text();
+  const VELFont font = _text.front().font;
+  const auto shortened = [&](size_t bytes) {
+    while (bytes > 0 && bytes < full.size() && (static_cast<unsigned char>(full[bytes]) & 0xC0u) == 0x80u)
+      --bytes;
+    return VELAttributedText{{full.substr(0, bytes) + "…", font, 0.0}};
+  };
+  // The longest beginning that fits, by halving: a width grows with its text.
+  size_t fits = 0, tooLong = full.size();
+  while (fits + 1 < tooLong) {
+    const size_t middle = (fits + tooLong) / 2;
+    if (VELTextEngine::instance().measure(shortened(middle)).width <= points)
+      fits = middle;
+    else
+      tooLong = middle;
+  }
+  _text = shortened(fits);
+  _measured = false;
+}
+
 void VELLabelView::sizeToFit() {
   const VELPoint centre = frame().center();
   const VELSize size = _transform.boundsOf(textSize());

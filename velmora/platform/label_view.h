@@ -32,6 +32,9 @@ class VELMORA_API VELLabelView : public VELView {
 
   /// Size of the text before its transform, in points; measured once per text and font.
   const VELSize& textSize() const;
+  /// Cuts a text that is wider than @p points, before its transform, and ends it in an ellipsis: whole
+  /// characters only, and in the font of its first piece.
+  void shortenToWidth(double points);
   /// Gives the frame the size of the transformed text; the centre stays.
   void sizeToFit();
 

@@ -17,7 +17,7 @@ void widen(uint32_t& start, uint32_t& end, uint32_t head, uint32_t count, int32_
 
 }  // namespace
 
-VELDrawingBuffer::VELDrawingBuffer(int32_t size) {
+VELDrawingBuffer::VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLContext>& context) {
   _info.dbi_bufferSize = std::clamp(size, minimumSize, maximumSize);
   const auto count = static_cast<size_t>(_info.dbi_bufferSize);
   _vertices = std::make_unique<VELVertex[]>(count);
@@ -25,9 +25,10 @@ VELDrawingBuffer::VELDrawingBuffer(int32_t size) {
   _info.dbi_vertexBuffer = _vertices.get();
   _info.dbi_indexBuffer = _indices.get();
 
-  VELGLContext* const context = VELGLContext::current();
   if (!context) return;
-  _context = context->weak_from_this();
+  const VELGLContextScope scope(*context);
+  if (!scope.isCurrent()) return;
+  _context = context;
   VELGL& gl = context->gl();
   _vertexBufferId = gl.genBuffer();
   _indexBufferId = gl.genBuffer();
@@ -84,21 +85,26 @@ uint32_t VELDrawingBuffer::o_insertPrimitiveRestart() {
   return 2;
 }
 
+VELGL* VELDrawingBuffer::p_VEL_currentGL() const {
+  const auto context = _context.lock();
+  return context && context.get() == VELGLContext::current() ? &context->gl() : nullptr;
+}
+
 void VELDrawingBuffer::o_selectVertexBuffers() {
-  VELGLContext* const context = VELGLContext::current();
-  if (!context) return;
-  context->gl().bindBuffer(VELGL_ARRAY_BUFFER, _vertexBufferId);
-  context->gl().bindBuffer(VELGL_ELEMENT_ARRAY_BUFFER, _indexBufferId);
+  VELGL* const gl = p_VEL_currentGL();
+  if (!gl) return;
+  gl->bindBuffer(VELGL_ARRAY_BUFFER, _vertexBufferId);
+  gl->bindBuffer(VELGL_ELEMENT_ARRAY_BUFFER, _indexBufferId);
 }
 
 void VELDrawingBuffer::o_uploadBuffersForDrawing() {
-  VELGLContext* const context = VELGLContext::current();
-  if (!context) return;
-  const auto upload = [&gl = context->gl()](uint32_t target, uint32_t& start, uint32_t& end,
+  VELGL* const gl = p_VEL_currentGL();
+  if (!gl) return;
+  const auto upload = [gl](uint32_t target, uint32_t& start, uint32_t& end,
                                             const auto* data) {
     if (end <= start) return;
     constexpr size_t bytes = sizeof(*data);
-    gl.bufferSubData(target, start * bytes, (end - start) * bytes, data + start);
+    gl->bufferSubData(target, start * bytes, (end - start) * bytes, data + start);
     start = VELEmptyUpdateStart;
     end = 0;
   };
@@ -108,10 +114,9 @@ void VELDrawingBuffer::o_uploadBuffersForDrawing() {
 }
 
 void VELDrawingBuffer::o_setupAttribPointersForPosition(uint32_t position, uint32_t color, uint32_t texture) {
-  VELGLContext* const context = VELGLContext::current();
-  if (!context) return;
-  VELGL& gl = context->gl();
-  gl.vertexAttribPointer(position, 2, VELGL_FLOAT, false, stride, offsetof(VELVertex, x));
-  gl.vertexAttribPointer(color, 4, VELGL_UNSIGNED_BYTE, true, stride, offsetof(VELVertex, color));
-  gl.vertexAttribPointer(texture, 2, VELGL_UNSIGNED_SHORT, true, stride, offsetof(VELVertex, textureX));
+  VELGL* const gl = p_VEL_currentGL();
+  if (!gl) return;
+  gl->vertexAttribPointer(position, 2, VELGL_FLOAT, false, stride, offsetof(VELVertex, x));
+  gl->vertexAttribPointer(color, 4, VELGL_UNSIGNED_BYTE, true, stride, offsetof(VELVertex, color));
+  gl->vertexAttribPointer(texture, 2, VELGL_UNSIGNED_SHORT, true, stride, offsetof(VELVertex, textureX));
 }

@@ -35,14 +35,15 @@ struct VELDrawingBufferInfo {
 };
 
 /// A store of vertices and indices in memory with its copy in GL. Only what was written since the last upload
-/// is sent. Belongs to the GL context that is current at construction; without one it is memory only.
+/// is sent. While its GL context is not the current one, the calls that need GL do nothing.
 class VELDrawingBuffer {
  public:
   static constexpr int32_t minimumSize = 8;
   static constexpr int32_t maximumSize = 65536;
 
   /// @param size vertices, and as many indices; limited to `minimumSize` … `maximumSize`
-  explicit VELDrawingBuffer(int32_t size);
+  /// @param context where the copy lives, held weakly; null keeps the buffer in memory only
+  explicit VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLContext>& context = nullptr);
   VELDrawingBuffer(const VELDrawingBuffer&) = delete;
   VELDrawingBuffer& operator=(const VELDrawingBuffer&) = delete;
   ~VELDrawingBuffer();
@@ -51,6 +52,9 @@ class VELDrawingBuffer {
   void o_clearBuffer();
   /// Gives memory and GL stores back, once; a GL context that is gone took its stores along.
   void o_freeBuffer();
+
+  /// False for a buffer in memory only.
+  bool hasGLStores() const { return _vertexBufferId != 0 && _indexBufferId != 0; }
 
   /// Exactly so many, without a margin.
   bool o_isEnoughSpaceForVertices(uint32_t vertices, uint32_t indices) const;
@@ -72,6 +76,8 @@ class VELDrawingBuffer {
   void o_setupAttribPointersForPosition(uint32_t position, uint32_t color, uint32_t texture);
 
  private:
+  VELGL* p_VEL_currentGL() const;
+
   VELDrawingBufferInfo _info;
   std::unique_ptr<VELVertex[]> _vertices;
   std::unique_ptr<uint16_t[]> _indices;

@@ -12,7 +12,8 @@
 #include "velmora/rendering/drawing_buffer.h"
 #include "velmora/rendering/drawing_queue.h"
 
-/// True for what a vertex can hold: NaN, infinities and doubles beyond the float range are not.
+/// True for a coordinate that a shape may be drawn from: NaN, infinities and doubles beyond the float range
+/// are not. The width of a pen, added close to the end of that range, may still round to infinity.
 inline bool VELIsDrawable(double coordinate) { return std::abs(coordinate) <= double{FLT_MAX}; }
 
 /// A shape writer. Buffer and queue belong to the render context.

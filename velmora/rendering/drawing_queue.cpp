@@ -52,15 +52,15 @@ void VELOpenGLDrawingQueue::p_VEL_addBrush(const VELBrushPtr& brush) {
 }
 
 void VELOpenGLDrawingQueue::o_addDrawPolylineCommandWithStart(uint32_t start, uint32_t amount, bool restart) {
-  const bool continues =
-      !restart && (_lastDrawPrimitiveType == noPrimitive || _lastDrawPrimitiveType == polyline);
-  if (!continues && _lastDrawCommandType == drawStrip) p_VEL_insertRestart();
-  _lastDrawPrimitiveType = polyline;
-  if (amount == 0) return;  // the first point of a polyline draws nothing yet
-  if (_lastDrawCommandType == drawStrip)
-    _lastDrawCmd->o_increaseCount(static_cast<int32_t>(amount));
-  else
-    p_VEL_append(_stripCommands.add(VELDrawTriangleStripCommand(start, amount)), drawStrip);
+  p_VEL_join(polyline, restart);
+  // The first point of a polyline draws nothing yet.
+  if (amount != 0) p_VEL_growStrip(start, amount);
+}
+
+void VELOpenGLDrawingQueue::o_addZeroToLineAreaCommandWithStart(uint32_t start, uint32_t amount,
+                                                                bool restart) {
+  p_VEL_join(zeroToLineArea, restart);
+  p_VEL_growStrip(start, amount);
 }
 
 void VELOpenGLDrawingQueue::o_addDrawLineCommandWithStart(uint32_t start, uint32_t amount) {
@@ -71,8 +71,17 @@ void VELOpenGLDrawingQueue::o_addDrawRectCommandWithStart(uint32_t start, uint32
   p_VEL_addSeparateShape(rectangle, start, amount);
 }
 
+void VELOpenGLDrawingQueue::o_addDrawTriangleCommandWithStart(uint32_t start, uint32_t amount) {
+  p_VEL_addSeparateShape(triangle, start, amount);
+}
+
+void VELOpenGLDrawingQueue::o_addFillEllipseCommandWithStart(uint32_t start, uint32_t amount) {
+  p_VEL_addSeparateShape(filledEllipse, start, amount);
+}
+
 void VELOpenGLDrawingQueue::o_addSetDrawingAreaComandWithFrame(const VELRect& frame, const VELRect& scissor) {
   const VELSetDrawingAreaCommand command(frame, scissor, _shaderAttributes);
+  // No area yet is not a zero area: that one has to clip everything away.
   if (_lastAreaCmd && command.isEqual(_lastAreaCmd)) return;
   _lastAreaCmd = &_areaCommands.add(command);
   p_VEL_append(*_lastAreaCmd, setArea);
@@ -80,12 +89,23 @@ void VELOpenGLDrawingQueue::o_addSetDrawingAreaComandWithFrame(const VELRect& fr
 
 void VELOpenGLDrawingQueue::p_VEL_addSeparateShape(PrimitiveType type, uint32_t start, uint32_t amount) {
   _lastDrawPrimitiveType = type;
-  if (_lastDrawCommandType != drawStrip) {
+  if (_lastDrawCommandType == drawStrip) p_VEL_insertRestart();
+  p_VEL_growStrip(start, amount);
+}
+
+// Goes on from a shape of the same kind, or separates a shape from what the running strip drew before.
+void VELOpenGLDrawingQueue::p_VEL_join(PrimitiveType type, bool restart) {
+  const bool continues =
+      !restart && (_lastDrawPrimitiveType == noPrimitive || _lastDrawPrimitiveType == type);
+  if (!continues && _lastDrawCommandType == drawStrip) p_VEL_insertRestart();
+  _lastDrawPrimitiveType = type;
+}
+
+void VELOpenGLDrawingQueue::p_VEL_growStrip(uint32_t start, uint32_t amount) {
+  if (_lastDrawCommandType == drawStrip)
+    _lastDrawCmd->o_increaseCount(static_cast<int32_t>(amount));
+  else
     p_VEL_append(_stripCommands.add(VELDrawTriangleStripCommand(start, amount)), drawStrip);
-    return;
-  }
-  p_VEL_insertRestart();
-  _lastDrawCmd->o_increaseCount(static_cast<int32_t>(amount));
 }
 
 void VELOpenGLDrawingQueue::p_VEL_append(VELDrawingCommand& command, CommandType type) {

@@ -42,19 +42,33 @@ class VELOpenGLDrawingQueue {
   void o_addDrawPolylineCommandWithStart(uint32_t start, uint32_t amount, bool restart);
   void o_addDrawLineCommandWithStart(uint32_t start, uint32_t amount);
   void o_addDrawRectCommandWithStart(uint32_t start, uint32_t amount);
-  /// An area equal to the last one is dropped. (The spelling is part of the interface.)
+  void o_addDrawTriangleCommandWithStart(uint32_t start, uint32_t amount);
+  void o_addFillEllipseCommandWithStart(uint32_t start, uint32_t amount);
+  /// @param restart true where the area does not go on from the last one
+  void o_addZeroToLineAreaCommandWithStart(uint32_t start, uint32_t amount, bool restart);
+  /// An area equal to the last one is dropped; the first one never is. (The spelling is part of the interface.)
   void o_addSetDrawingAreaComandWithFrame(const VELRect& frame, const VELRect& scissor);
 
   /// The recorded frame, in order.
   const std::vector<VELDrawingCommand*>& drawingOrder() const { return _drawingOrder; }
 
  private:
-  enum PrimitiveType : uint64_t { noPrimitive = 0, line = 1, rectangle = 2, polyline = 4 };
+  enum PrimitiveType : uint64_t {
+    noPrimitive = 0,
+    line = 1,
+    rectangle = 2,
+    triangle = 3,
+    polyline = 4,
+    zeroToLineArea = 5,
+    filledEllipse = 6,
+  };
   enum CommandType : uint64_t { nothing = 0, setBuffer = 1, setShader = 2, drawStrip = 3, setArea = 4 };
 
   bool p_VEL_sharesState(const VELBrush2D& brush) const;
   void p_VEL_addBrush(const VELBrushPtr& brush);
   void p_VEL_addSeparateShape(PrimitiveType type, uint32_t start, uint32_t amount);
+  void p_VEL_join(PrimitiveType type, bool restart);
+  void p_VEL_growStrip(uint32_t start, uint32_t amount);
   void p_VEL_append(VELDrawingCommand& command, CommandType type);
   void p_VEL_insertRestart();
 

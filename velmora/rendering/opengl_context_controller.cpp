@@ -1,7 +1,9 @@
 #include "velmora/rendering/opengl_context_controller.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <unordered_map>
 
 #include "velmora/rendering/default_brush_shader_program.h"
@@ -39,8 +41,11 @@ struct VELOpenGLContextController::Registry {
 };
 
 VELOpenGLContextController::Registry& VELOpenGLContextController::registry() {
-  static Registry instance;
-  return instance;
+  // Never destroyed: surfaces in global objects of the application free their contexts after this file's
+  // statics are gone.
+  alignas(Registry) static std::byte storage[sizeof(Registry)];
+  static Registry* const instance = std::construct_at(reinterpret_cast<Registry*>(storage));
+  return *instance;
 }
 
 std::shared_ptr<VELGLContext> VELOpenGLContextController::o_createContext() {
@@ -73,7 +78,10 @@ bool VELOpenGLContextController::o_enableContext(const std::shared_ptr<VELGLCont
 void VELOpenGLContextController::o_freeContext(const std::shared_ptr<VELGLContext>& context) {
   VELOpenGLContextController* const controller = registry().find(context.get());
   if (!controller || --controller->_registrations > 0) return;
-  if (controller->_defaultShader && context->makeCurrent()) controller->_defaultShader->o_freeShader();
+  if (controller->_defaultShader) {
+    const VELGLContextScope scope(*context);
+    if (scope.isCurrent()) controller->_defaultShader->o_freeShader();
+  }
   registry().remove(*controller, context.get());
 }
 

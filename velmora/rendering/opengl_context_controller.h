@@ -24,7 +24,7 @@ class VELMORA_API VELOpenGLContextController {
   /// "Failed to set current OpenGL context" and exits with 1.
   /// @return whether the context is registered; one that is not is not made current
   static bool o_enableContext(const std::shared_ptr<VELGLContext>& context);
-  /// Takes back one registration. The last one makes the context current and deletes its programs.
+  /// Takes back one registration. The last one deletes its programs.
   static void o_freeContext(const std::shared_ptr<VELGLContext>& context);
 
   /// The program of the current context, built on first use with the slots of @p attributes; null when no

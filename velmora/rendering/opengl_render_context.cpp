@@ -32,7 +32,8 @@ VELOpenGLRenderContext::~VELOpenGLRenderContext() = default;
 
 void VELOpenGLRenderContext::invalidate() {
   _wasChanged = true;
-  if (_invalidated) _invalidated();
+  const auto invalidated = _invalidated;
+  if (*invalidated) (*invalidated)();
 }
 
 VELSize VELOpenGLRenderContext::viewportSize() const {
@@ -47,10 +48,14 @@ void VELOpenGLRenderContext::clear() {
   p_VEL_makeCurrent(*_drawingBuffers.front());
   _wasChanged = true;
   _shaderAttributes.sa_brushAtlas.o_clearAtlas();
+  _polylineHelper.reset();
 }
 
 void VELOpenGLRenderContext::performDrawingCommands() {
   _wasChanged = false;
+  // The names of buffers and programs mean something else, or nothing, in another GL context.
+  const auto context = parentContext();
+  if (!_hasGLStores || !context || context.get() != VELGLContext::current()) return;
   _drawingOrder.o_performCommands();
 }
 
@@ -125,8 +130,11 @@ void VELOpenGLRenderContext::setProjectionMatrix(const VELMatrix& projection, co
 
 void VELOpenGLRenderContext::p_VEL_o_createDrawingBuffer() {
   if (_drawingBuffers.empty() || _currentDrawingBuffer == _drawingBuffers.size() - 1) {
-    VELOpenGLContextController::o_enableContext(_parentContext.lock());
-    _drawingBuffers.push_back(std::make_unique<VELDrawingBuffer>(_drawingBufferSize));
+    const auto context = parentContext();
+    const bool isCurrent = VELOpenGLContextController::o_enableContext(context);
+    _drawingBuffers.push_back(
+        std::make_unique<VELDrawingBuffer>(_drawingBufferSize, isCurrent ? context : nullptr));
+    _hasGLStores = _hasGLStores && _drawingBuffers.back()->hasGLStores();
     _currentDrawingBuffer = _drawingBuffers.size() - 1;
   } else {
     ++_currentDrawingBuffer;

@@ -26,7 +26,8 @@ class VELMORA_API VELOpenGLRenderContext final : public VELRenderContext2D {
   /// The largest buffers, on the GL context that is current.
   VELOpenGLRenderContext();
   /// @param bufferSize vertices, and as many indices, of each buffer; limited to 8 … 65536
-  /// @param context held weakly and made current where buffers are made; null records without GL
+  /// @param context held weakly and made current where buffers are made; null, or one that is not
+  /// registered, records in memory only and replays nothing
   VELOpenGLRenderContext(int32_t bufferSize, const std::shared_ptr<VELGLContext>& context);
   VELOpenGLRenderContext(const VELOpenGLRenderContext&) = delete;
   VELOpenGLRenderContext& operator=(const VELOpenGLRenderContext&) = delete;
@@ -46,8 +47,10 @@ class VELMORA_API VELOpenGLRenderContext final : public VELRenderContext2D {
   void beginNewPrimitive() override;
   void setDrawingArea(const VELRect& area) override;
 
-  const std::function<void()>& invalidated() const override { return _invalidated; }
-  void setInvalidated(std::function<void()> invalidated) override { _invalidated = std::move(invalidated); }
+  const std::function<void()>& invalidated() const override { return *_invalidated; }
+  void setInvalidated(std::function<void()> invalidated) override {
+    _invalidated = std::make_shared<const std::function<void()>>(std::move(invalidated));
+  }
   std::shared_ptr<VELRenderSurface> parentRenderSurface() const override {
     return _parentRenderSurface.lock();
   }
@@ -58,7 +61,7 @@ class VELMORA_API VELOpenGLRenderContext final : public VELRenderContext2D {
   /// Where points land; copied. Until a drawing area is set, coordinates are relative to the surface.
   void setProjectionMatrix(const VELMatrix& projection, const VELMatrix& view);
   std::shared_ptr<VELGLContext> parentContext() const { return _parentContext.lock(); }
-  /// Pixels per point.
+  /// Pixels per point. With zero, a negative number or NaN a drawing area has no pixels.
   float sizeScale() const { return _sizeScale; }
   void setSizeScale(float scale) { _sizeScale = scale; }
   /// The recorded frame.
@@ -80,9 +83,11 @@ class VELMORA_API VELOpenGLRenderContext final : public VELRenderContext2D {
   VELPolylinePrimitive _polylineHelper;
   VELLinePrimitive _lineHelper;
   VELRectanglePrimitive _rectHelper;
+  bool _hasGLStores = true;  ///< of every buffer; without them there is nothing that a replay could draw
   bool _wasChanged = false;
   float _sizeScale = 1.0f;
   std::weak_ptr<VELGLContext> _parentContext;
-  std::function<void()> _invalidated;
+  /// Shared, so that it outlives its own call when it replaces itself.
+  std::shared_ptr<const std::function<void()>> _invalidated = std::make_shared<std::function<void()>>();
   std::weak_ptr<VELRenderSurface> _parentRenderSurface;
 };

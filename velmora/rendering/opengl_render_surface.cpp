@@ -50,7 +50,10 @@ VELOpenGLRenderSurface::VELOpenGLRenderSurface(Key, const VELRect& frame, VELHos
       _contentScale(static_cast<float>(host.contentScale())) {}
 
 VELOpenGLRenderSurface::~VELOpenGLRenderSurface() {
-  if (_context->makeCurrent()) p_VEL_deleteFramebuffers();
+  {
+    const VELGLContextScope scope(*_context);
+    if (scope.isCurrent()) p_VEL_deleteFramebuffers();
+  }
   // While the GL context is still registered: contexts make it current to give their buffers back.
   addRenderContext(nullptr);
   addModifierContext(nullptr);
@@ -149,16 +152,16 @@ void VELOpenGLRenderSurface::onRenderTimeElapsed() {
   const bool wasNeeded = needRedraw();
   VELRenderSurfaceBase::onRenderTimeElapsed();
   if (!wasNeeded && reduceGPUFrames()) return;
-  p_VEL_renderOpenGL();
-  p_VEL_callRendered(wasNeeded ? 1 : 2);
+  if (p_VEL_renderOpenGL()) p_VEL_callRendered(wasNeeded ? 1 : 2);
 }
 
 bool VELOpenGLRenderSurface::p_VEL_usesMultisampling() const {
   return multisampling() && _sampleFramebuffer != 0;
 }
 
-void VELOpenGLRenderSurface::p_VEL_renderOpenGL() {
-  if (!VELOpenGLContextController::o_enableContext(_context)) return;
+bool VELOpenGLRenderSurface::p_VEL_renderOpenGL() {
+  // The delegate may have freed the surface while it drew.
+  if (_freed || !VELOpenGLContextController::o_enableContext(_context)) return false;
   VELGL& gl = _context->gl();
   VELGLState& state = *VELOpenGLContextController::o_currentState();
   state.prepareForDrawing();
@@ -174,6 +177,7 @@ void VELOpenGLRenderSurface::p_VEL_renderOpenGL() {
   if (p_VEL_usesMultisampling()) p_VEL_resolveMultisampling();
   state.finishDrawing();
   _layer->present();
+  return true;
 }
 
 void VELOpenGLRenderSurface::p_VEL_performContexts() {
@@ -188,7 +192,9 @@ void VELOpenGLRenderSurface::p_VEL_performContexts() {
   for (const auto* context : {&backgroundContext(), &renderContext(), &modifierContext()}) {
     // A context without a drawing area of its own draws over the whole surface.
     VELOpenGLContextController::o_currentState()->setScissor(0, 0, _width, _height);
-    const auto recorded = std::static_pointer_cast<VELOpenGLRenderContext>(*context);
+    // The application may have put in a context of its own, or none: that one has nothing to replay here.
+    const auto recorded = std::dynamic_pointer_cast<VELOpenGLRenderContext>(*context);
+    if (!recorded) continue;
     recorded->setProjectionMatrix(projection, view);
     recorded->performDrawingCommands();
   }
@@ -207,7 +213,8 @@ void VELOpenGLRenderSurface::drawBackground(VELRenderContext2D& context, const V
   const VELBrushPtr& seriesBackground = style.seriesBackgroundBrush();
   const VELPenPtr& border = style.borderPen();
   if (!background && !seriesBackground && !border) return;
-  const VELRect whole = frame();
+  // The surface stands at the origin of its drawing, wherever it stands in its parent.
+  const VELRect whole = {0.0, 0.0, frame().width, frame().height};
   const VELRect chart = chartFrame();
   context.setDrawingArea(whole);
   const auto left = static_cast<float>(chart.x), top = static_cast<float>(chart.y);

@@ -43,7 +43,8 @@ class VELMORA_API VELOpenGLRenderSurface final : public VELRenderSurfaceBase {
   /// The rectangle of points that fills the surface: (−w/2, −h/2, w, h), set by every layout from the frame.
   const VELRect& projectionFrame() const { return _projectionFrame; }
   void setProjectionFrame(const VELRect& frame) { _projectionFrame = frame; }
-  /// What a frame is cleared to before anything is drawn; opaque black unless set.
+  /// What a frame is cleared to before anything is drawn; opaque black unless set. A colour that is not
+  /// finite clears to opaque white.
   const VELColor& backgroundColor() const { return _backgroundColor; }
   void setBackgroundColor(const VELColor& color);
 
@@ -58,7 +59,7 @@ class VELMORA_API VELOpenGLRenderSurface final : public VELRenderSurfaceBase {
   void p_VEL_createContexts();
   std::shared_ptr<VELOpenGLRenderContext> p_VEL_createContext();
   bool p_VEL_usesMultisampling() const;
-  void p_VEL_renderOpenGL();
+  bool p_VEL_renderOpenGL();
   void p_VEL_performContexts();
   void p_VEL_resolveMultisampling();
   void p_VEL_deleteFramebuffers();

@@ -39,8 +39,11 @@ inline VELVertex* VELPolylinePrimitive::writeSegment(VELVertex* vertices, double
 }
 
 uint32_t VELPolylinePrimitive::o_beginPolylinePrimitiveWithBrush(const VELPenPtr& pen, double x, double y) {
-  if (!isConnected() || !pen) return 0;
+  if (!isConnected()) return 0;
   _head.moveTo(x, y);
+  // Without a pen the queue hears of no new polyline, so the first segment drawn has to tell it.
+  _head._startsBehindGap = !pen;
+  if (!pen) return 0;
   _command->o_addBrushCommandWithBrush(pen);
   if (hasRoomFor(0)) _command->o_addDrawPolylineCommandWithStart(indexHead(), 0, true);
   return 0;
@@ -48,7 +51,10 @@ uint32_t VELPolylinePrimitive::o_beginPolylinePrimitiveWithBrush(const VELPenPtr
 
 uint32_t VELPolylinePrimitive::o_extendPolylinePrimitiveWithBrush(const VELPenPtr& pen, double x, double y) {
   if (!isConnected()) return 0;
-  if (!pen) return nothingOnPurpose;
+  if (!pen) {
+    _head.leaveGap(x, y);
+    return nothingOnPurpose;
+  }
   const float thickness = pen->strokeThickness();
   for (const double value : {x, y, _head._lastX, _head._lastY, double{thickness}}) {
     if (VELIsDrawable(value)) continue;

@@ -5,6 +5,7 @@
 // behind it.
 #pragma once
 
+#include <limits>
 #include <span>
 
 #include "velmora/rendering/drawing_primitive.h"
@@ -12,9 +13,11 @@
 
 class VELPolylinePrimitive final : public VELDrawingPrimitive {
  public:
-  /// The first point. @return always 0; without room the first extension moves to another buffer anyway
+  /// Forgets where the line stands: an extension without a first point draws nothing, it becomes that point.
+  void reset() { _head = {}; }
+  /// The first point, also without a pen: whoever extends goes on from here. @return always 0; without room the first extension moves to another buffer anyway
   uint32_t o_beginPolylinePrimitiveWithBrush(const VELPenPtr& pen, double x, double y);
-  /// The next point. @return vertices written: 4, or 6 where the strip is turned over
+  /// The next point. Without a pen the line has a gap up to it. @return vertices written: 4, or 6 where the strip is turned over
   uint32_t o_extendPolylinePrimitiveWithBrush(const VELPenPtr& pen, double x, double y);
   /// A polyline from point @p start on, as far as the buffer has room. An extension afterwards goes on from
   /// the last point drawn.
@@ -30,8 +33,8 @@ class VELPolylinePrimitive final : public VELDrawingPrimitive {
 
   /// Where the line stands. A batch works on a copy, which the compiler keeps in registers.
   struct Head {
-    double _lastX = 0.0;
-    double _lastY = 0.0;
+    double _lastX = std::numeric_limits<double>::quiet_NaN();
+    double _lastY = std::numeric_limits<double>::quiet_NaN();
     bool _isLastSegmentReversed = false;
     bool _hasSegment = false;       ///< a segment was written since the last start
     bool _startsBehindGap = false;  ///< the next segment must not join the one before

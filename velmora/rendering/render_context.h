@@ -26,7 +26,8 @@ class VELMORA_API VELRenderContext2D {
   virtual VELSize viewportSize() const = 0;
   /// Forgets the recorded frame.
   virtual void clear() = 0;
-  /// Replays the recorded frame on the current GL context.
+  /// Replays the recorded frame on the current GL context. A frame recorded for another one, or for none,
+  /// draws nothing.
   virtual void performDrawingCommands() = 0;
 
   /// One segment with square ends.

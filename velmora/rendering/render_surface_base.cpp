@@ -40,8 +40,10 @@ void VELRenderSurfaceBase::onRenderTimeElapsed() {
 }
 
 void VELRenderSurfaceBase::invalidateElement() {
-  if (_renderContext) _renderContext->invalidate();
-  if (_modifierContext) _modifierContext->invalidate();
+  // Held: the callback of a context may replace it.
+  const auto render = _renderContext, modifier = _modifierContext;
+  if (render) render->invalidate();
+  if (modifier) modifier->invalidate();
 }
 
 void VELRenderSurfaceBase::clear() {

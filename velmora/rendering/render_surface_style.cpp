@@ -39,10 +39,16 @@ void VELRenderSurfaceStyle::setSeriesBackgroundBrush(VELBrushPtr brush) {
 
 void VELRenderSurfaceStyle::p_VEL_setAreaSize(float& field, float size) {
   field = size;
-  if (_layoutChanged && !_supressCallbacks) _layoutChanged();
-  p_VEL_callStyleChanged();
+  if (_supressCallbacks) return;
+  // The first block may put another style in the place of this one, which then is gone.
+  const Block layoutChanged = _layoutChanged;
+  const Block styleChanged = _styleChanged;
+  if (*layoutChanged) (*layoutChanged)();
+  if (*styleChanged) (*styleChanged)();
 }
 
 void VELRenderSurfaceStyle::p_VEL_callStyleChanged() const {
-  if (_styleChanged && !_supressCallbacks) _styleChanged();
+  if (_supressCallbacks) return;
+  const Block styleChanged = _styleChanged;
+  if (*styleChanged) (*styleChanged)();
 }

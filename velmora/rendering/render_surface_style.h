@@ -4,6 +4,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <utility>
 
 #include "velmora/platform/export.h"
 #include "velmora/rendering/brush.h"
@@ -43,13 +44,20 @@ class VELMORA_API VELRenderSurfaceStyle {
   void setSeriesBackgroundBrush(VELBrushPtr brush);
 
   /// Called after every change of a value.
-  const std::function<void()>& styleChanged() const { return _styleChanged; }
-  void setStyleChanged(std::function<void()> callback) { _styleChanged = std::move(callback); }
+  const std::function<void()>& styleChanged() const { return *_styleChanged; }
+  void setStyleChanged(std::function<void()> callback) { _styleChanged = p_VEL_share(std::move(callback)); }
   /// Called after a change of an axis area size, before `styleChanged`.
-  const std::function<void()>& layoutChanged() const { return _layoutChanged; }
-  void setLayoutChanged(std::function<void()> callback) { _layoutChanged = std::move(callback); }
+  const std::function<void()>& layoutChanged() const { return *_layoutChanged; }
+  void setLayoutChanged(std::function<void()> callback) {
+    _layoutChanged = p_VEL_share(std::move(callback));
+  }
 
  private:
+  /// Shared, so that a block outlives its own call when it replaces itself or the whole style.
+  using Block = std::shared_ptr<const std::function<void()>>;
+  static Block p_VEL_share(std::function<void()> callback) {
+    return std::make_shared<const std::function<void()>>(std::move(callback));
+  }
   void p_VEL_setAreaSize(float& field, float size);
   void p_VEL_callStyleChanged() const;
 
@@ -58,9 +66,9 @@ class VELMORA_API VELRenderSurfaceStyle {
   float _rightAxisAreaSize = std::numeric_limits<float>::quiet_NaN();
   float _topAxisAreaSize = std::numeric_limits<float>::quiet_NaN();
   float _bottomAxisAreaSize = std::numeric_limits<float>::quiet_NaN();
-  std::function<void()> _styleChanged;
+  Block _styleChanged = p_VEL_share(nullptr);
   VELBrushPtr _backgroundBrush;
   VELPenPtr _borderPen;
   VELBrushPtr _seriesBackgroundBrush;
-  std::function<void()> _layoutChanged;
+  Block _layoutChanged = p_VEL_share(nullptr);
 };

@@ -11,11 +11,12 @@ bool holds(std::span<const uint8_t> pixels, int32_t width, int32_t height) {
 
 VELTextureOpenGL::VELTextureOpenGL(std::span<const uint8_t> pixels, int32_t width, int32_t height,
                                    const std::shared_ptr<VELGLContext>& context) {
-  if (context && !context->makeCurrent()) return;
-  VELGLContext* const current = VELGLContext::current();
-  if (!current || !holds(pixels, width, height)) return;
-  _parentContext = current->weak_from_this();
-  VELGL& gl = current->gl();
+  VELGLContext* const parent = context ? context.get() : VELGLContext::current();
+  if (!parent || !holds(pixels, width, height)) return;
+  const VELGLContextScope scope(*parent);
+  if (!scope.isCurrent()) return;
+  _parentContext = parent->weak_from_this();
+  VELGL& gl = parent->gl();
   _textureId = gl.genTexture();
   gl.bindTexture(VELGL_TEXTURE_2D, _textureId);
   gl.texParameteri(VELGL_TEXTURE_2D, VELGL_TEXTURE_MIN_FILTER, VELGL_NEAREST);

@@ -39,12 +39,14 @@ bool VELRenderableSeriesBase::isValidForDrawing() const {
 }
 
 void VELRenderableSeriesBase::internalDrawWithContext(VELRenderContext2D&, const VELRenderPassData&) {
-  throw VELInternalInconsistencyException("internalDrawWithContext:WithData: must be implemented in subclass");
+  throw VELInternalInconsistencyException(
+      "internalDrawWithContext:WithData: must be implemented in subclass");
 }
 
 double VELRenderableSeriesBase::getYZeroCoord() const {
   const auto& data = _currentRenderPassData;
-  if (std::isnan(_zeroLineY) || !data || !data->yCoordinateCalculator()) return std::numeric_limits<double>::quiet_NaN();
+  if (std::isnan(_zeroLineY) || !data || !data->yCoordinateCalculator())
+    return std::numeric_limits<double>::quiet_NaN();
   const double extent = data->isVerticalChart() ? _lastViewportSize.width : _lastViewportSize.height;
   return std::min(extent + 1.0, data->yCoordinateCalculator()->getCoordinateFrom(_zeroLineY));
 }
@@ -95,7 +97,9 @@ void VELRenderableSeriesBase::iterationInRenderPassData(
   }
 }
 
-VELRangePtr VELRenderableSeriesBase::getXRange() const { return _dataSeries ? _dataSeries->getXRange() : nullptr; }
+VELRangePtr VELRenderableSeriesBase::getXRange() const {
+  return _dataSeries ? _dataSeries->getXRange() : nullptr;
+}
 
 VELRangePtr VELRenderableSeriesBase::getYRange(const VELRange& xRange, bool positive) const {
   return _dataSeries ? _dataSeries->getWindowYRangeWithXRange(xRange, positive) : nullptr;

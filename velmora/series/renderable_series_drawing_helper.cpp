@@ -106,9 +106,8 @@ void VELRenderableSeriesDrawingHelper::drawPolylineToContext(VELRenderContext2D&
   ScreenPoints& points = ScreenPoints::instance();
   points.resize(0);
   VELWithCalculatorStage(data.xCoordinateCalculator()->getCalculatorHelper(), [&](const auto& toX) {
-    VELWithCalculatorStage(data.yCoordinateCalculator()->getCalculatorHelper(), [&](const auto& toY) {
-      place(xs, ys, isDigitalLine, toX, toY, points);
-    });
+    VELWithCalculatorStage(data.yCoordinateCalculator()->getCalculatorHelper(),
+                           [&](const auto& toY) { place(xs, ys, isDigitalLine, toX, toY, points); });
   });
   if (points.along().isEmpty()) return;
   context.beginNewPrimitive();

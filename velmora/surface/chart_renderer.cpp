@@ -106,8 +106,8 @@ bool VELChartRenderer::p_VEL_o_isSurfaceValid(const VELChartSurface& surface, co
   });
   const bool ticksProvided = !anyAxis(surface, [](const VELAxisBase& axis) { return !axis.tickProvider(); });
   const auto& series = surface.renderableSeries();
-  const bool dataMissing = std::any_of(series.begin(), series.end(),
-                                       [](const auto& one) { return !one || !one->dataSeries(); });
+  const bool dataMissing =
+      std::any_of(series.begin(), series.end(), [](const auto& one) { return !one || !one->dataSeries(); });
   // Written so that a NaN size counts as too small.
   const bool largeEnough = size.width >= kSmallestSide && size.height >= kSmallestSide;
 

@@ -23,15 +23,15 @@ class VELRenderPassData;
 /// Bits of the surface error code. Several values serve both checks of a pass; see the operations.
 enum VELSurfaceError : uint32_t {
   VELSurfaceError_None = 0,
-  VELSurfaceError_NoRenderSurface = 1,  ///< first check
-  VELSurfaceError_TooSmall = 1,         ///< second check: the chart frame is below 2 by 2 points
-  VELSurfaceError_NoAxisCollection = 2, ///< first check
-  VELSurfaceError_InvalidRange = 2,     ///< second check: an axis that never auto-ranges has no valid range
-  VELSurfaceError_NoXAxis = 4,          ///< first check
-  VELSurfaceError_NoTickProvider = 4,   ///< second check
-  VELSurfaceError_NoYAxis = 8,          ///< first check
-  VELSurfaceError_NoSeries = 8,         ///< second check; does not stop the pass
-  VELSurfaceError_NoDataSeries = 16,    ///< second check; does not stop the pass
+  VELSurfaceError_NoRenderSurface = 1,   ///< first check
+  VELSurfaceError_TooSmall = 1,          ///< second check: the chart frame is below 2 by 2 points
+  VELSurfaceError_NoAxisCollection = 2,  ///< first check
+  VELSurfaceError_InvalidRange = 2,      ///< second check: an axis that never auto-ranges has no valid range
+  VELSurfaceError_NoXAxis = 4,           ///< first check
+  VELSurfaceError_NoTickProvider = 4,    ///< second check
+  VELSurfaceError_NoYAxis = 8,           ///< first check
+  VELSurfaceError_NoSeries = 8,          ///< second check; does not stop the pass
+  VELSurfaceError_NoDataSeries = 16,     ///< second check; does not stop the pass
   VELSurfaceError_RenderSurfaceGone = 32,  ///< second check; does not stop the pass
 };
 
@@ -42,7 +42,8 @@ class VELMORA_API VELChartRenderer {
   explicit VELChartRenderer(const std::weak_ptr<VELChartSurface>& parent) : _parent(parent) {}
   virtual ~VELChartRenderer() = default;
 
-  /// One full pass into @p context, which may be null where there is no render surface. @return the surface error code; it can be non-zero after a drawn frame
+  /// One full pass into @p context, which may be null where there is no render surface. @return the surface
+  /// error code; it can be non-zero after a drawn frame
   /// @throws VELInternalInconsistencyException without a viewport manager
   /// @throws VELInvalidArgumentException when a series names an axis that is not there or is there twice, or
   ///   when its data does not fit the X axis
@@ -74,7 +75,7 @@ class VELMORA_API VELChartRenderer {
 
   /// All series in order, the selected ones last and so on top.
   void o_onDrawSeriesToSurface(const VELChartSurface& surface, const VELRenderPassInfo& info,
-                                              VELRenderContext2D& context);
+                               VELRenderContext2D& context);
   /// One series; without both calculators it is skipped.
   void o_drawSeriesToSurface(const VELChartSurface& surface,
                              const std::shared_ptr<const VELRenderPassData>& data,

@@ -72,10 +72,12 @@ void VELChartSurface::setUpWithView(const std::shared_ptr<VELChartSurfaceViewBas
   _rightAxisArea = view->rightAxesArea();
   _topAxisArea = view->topAxesArea();
   _bottomAxisArea = view->bottomAxesArea();
-  for (const VELChartSide side : {VELChartSide_Left, VELChartSide_Right, VELChartSide_Top, VELChartSide_Bottom})
+  for (const VELChartSide side :
+       {VELChartSide_Left, VELChartSide_Right, VELChartSide_Top, VELChartSide_Bottom})
     if (const auto& area = view->area(side))
-      area->setOrientation(side == VELChartSide_Left || side == VELChartSide_Right ? VELOrientation_Vertical
-                                                                                   : VELOrientation_Horizontal);
+      area->setOrientation(side == VELChartSide_Left || side == VELChartSide_Right
+                               ? VELOrientation_Vertical
+                               : VELOrientation_Horizontal);
 
   setRenderSurface(view->renderSurface());
   if (const auto& renderSurface = view->renderSurface())
@@ -112,8 +114,8 @@ VELChartSurface::~VELChartSurface() {
 
 void VELChartSurface::free() {
   _freed = true;
-  for (const auto* area : {&_topAxisArea, &_bottomAxisArea, &_rightAxisArea, &_leftAxisArea, &_centerXAxisArea,
-                           &_centerYAxisArea})
+  for (const auto* area : {&_topAxisArea, &_bottomAxisArea, &_rightAxisArea, &_leftAxisArea,
+                           &_centerXAxisArea, &_centerYAxisArea})
     clearArea(*area);
   // One call leaves every other series attached.
   while (!_renderableSeries.empty()) clearSeries();
@@ -156,7 +158,8 @@ void VELChartSurface::clearSeries() {
   }
 }
 
-void VELChartSurface::replaceAxes(std::shared_ptr<VELAxisCollection>& place, std::shared_ptr<VELAxisCollection> axes) {
+void VELChartSurface::replaceAxes(std::shared_ptr<VELAxisCollection>& place,
+                                  std::shared_ptr<VELAxisCollection> axes) {
   // The pass under way walks the old collection to its end.
   if (_isRendering && place) _retiredAxes.push_back(place);
   place = std::move(axes);
@@ -202,11 +205,16 @@ std::shared_ptr<VELAxisArea> VELChartSurface::p_VEL_getContainerFor(const VELAxi
                                                                     bool isCenterAxis) const {
   if (isCenterAxis) return axis.isXAxis() ? _centerXAxisArea.lock() : _centerYAxisArea.lock();
   switch (alignment) {
-    case VELAxisAlignment_Right: return _rightAxisArea.lock();
-    case VELAxisAlignment_Left: return _leftAxisArea.lock();
-    case VELAxisAlignment_Top: return _topAxisArea.lock();
-    case VELAxisAlignment_Bottom: return _bottomAxisArea.lock();
-    default: return nullptr;
+    case VELAxisAlignment_Right:
+      return _rightAxisArea.lock();
+    case VELAxisAlignment_Left:
+      return _leftAxisArea.lock();
+    case VELAxisAlignment_Top:
+      return _topAxisArea.lock();
+    case VELAxisAlignment_Bottom:
+      return _bottomAxisArea.lock();
+    default:
+      return nullptr;
   }
 }
 
@@ -232,8 +240,8 @@ void VELChartSurface::p_VEL_removeFromAxisContainer(const std::shared_ptr<VELAxi
 }
 
 void VELChartSurface::p_VEL_removeFromAxisContainer(const std::shared_ptr<VELAxisBase>& axis) {
-  for (const auto* area : {&_centerXAxisArea, &_centerYAxisArea, &_leftAxisArea, &_rightAxisArea, &_topAxisArea,
-                           &_bottomAxisArea})
+  for (const auto* area : {&_centerXAxisArea, &_centerYAxisArea, &_leftAxisArea, &_rightAxisArea,
+                           &_topAxisArea, &_bottomAxisArea})
     if (const auto existing = area->lock()) existing->removeItem(axis);
   p_VEL_invalidateIsPolarChartProperty();
 }
@@ -354,7 +362,8 @@ void VELChartSurface::onRenderSurfaceDraw() {
   {
     const RenderingFlag rendering(_isRendering, _retiredAxes);
     const auto renderSurface = _renderSurface.lock();
-    _lastErrorCode = _velmoraRenderer->o_renderLoop(renderSurface ? renderSurface->renderContext().get() : nullptr);
+    _lastErrorCode =
+        _velmoraRenderer->o_renderLoop(renderSurface ? renderSurface->renderContext().get() : nullptr);
   }
   const auto strongView = _view.lock();
   if (strongView && strongView->axisAreasNeedResizing()) p_VEL_axisAreaResizeRequest();
@@ -385,7 +394,8 @@ void VELChartSurface::resizeAxesAreasLeft(float left, float right, float top, fl
   if (!strongView) return;
   const float wanted[] = {left, right, top, bottom};
   bool anyDiffers = false;
-  for (const VELChartSide side : {VELChartSide_Left, VELChartSide_Right, VELChartSide_Top, VELChartSide_Bottom}) {
+  for (const VELChartSide side :
+       {VELChartSide_Left, VELChartSide_Right, VELChartSide_Top, VELChartSide_Bottom}) {
     const float size = wanted[side];
     if (size == strongView->axisAreaSize(side)) continue;
     // A size that no side can take leaves it as it is, and is no reason for another layout.

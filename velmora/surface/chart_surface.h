@@ -53,8 +53,8 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
   void setSelectedRenderableSeries(SeriesList series) { _selectedRenderableSeries = std::move(series); }
 
   // Axes.
-  /// Adds an axis and asks for a redraw. One of default alignment goes to the bottom as X axis, to the right as
-  /// Y axis. An id that two axes have raises at the pass of a series that names it, not here.
+  /// Adds an axis and asks for a redraw. One of default alignment goes to the bottom as X axis, to the right
+  /// as Y axis. An id that two axes have raises at the pass of a series that names it, not here.
   void attachAxis(const std::shared_ptr<VELAxisBase>& axis, bool isXAxis);
   void detachAxis(const std::shared_ptr<VELAxisBase>& axis);
   VELAxisCollection* xAxes() const override { return _xAxes.get(); }
@@ -111,8 +111,8 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
   /// Draws the background of the style into @p context.
   /// @throws VELInternalInconsistencyException when the render surface draws none
   void drawBackground(VELRenderContext2D& context);
-  /// Gives the side areas these sizes in points and lays the view out when any differs. A size that is negative
-  /// or not finite leaves its side as it is.
+  /// Gives the side areas these sizes in points and lays the view out when any differs. A size that is
+  /// negative or not finite leaves its side as it is.
   void resizeAxesAreasLeft(float left, float right, float top, float bottom);
   /// Lets go of axes, series and gestures. Destruction does the same unless it was done.
   void free();

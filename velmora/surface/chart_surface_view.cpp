@@ -57,8 +57,8 @@ void VELChartSurfaceViewBase::layoutSubviews() {
   if (_layingOut) return;
   const LayoutGuard guard(_layingOut);
   if (_onLayoutSubviews)
-    _onLayoutSubviews(wantedSize(VELChartSide_Left), wantedSize(VELChartSide_Right), wantedSize(VELChartSide_Top),
-                      wantedSize(VELChartSide_Bottom));
+    _onLayoutSubviews(wantedSize(VELChartSide_Left), wantedSize(VELChartSide_Right),
+                      wantedSize(VELChartSide_Top), wantedSize(VELChartSide_Bottom));
   placeSubviews();
   for (const VELChartSide side : kSides)
     if (area(side)) area(side)->layout();
@@ -118,6 +118,7 @@ double VELChartSurfaceView::titleHeight() const {
 void VELChartSurfaceView::layoutSubviews() {
   if (_titleLabel && _surface) {
     _titleLabel->setText(_surface->chartTitle());
+    _titleLabel->shortenToWidth(frame().width - 2.0 * VELVisualStyle::standard().padding);
     _titleLabel->setHidden(_surface->chartTitle().empty());
     _titleLabel->sizeToFit();
   }
@@ -144,5 +145,8 @@ void VELChartSurfaceView::placeSubviews() {
   area(VELChartSide_Bottom)->setFrame({x, y + height, width, bottom});
 
   const VELSize titleSize = _titleLabel->frame().size();
-  _titleLabel->setFrame({std::round(x + (width - titleSize.width) / 2.0), padding, titleSize.width, titleSize.height});
+  // Over the middle of the chart frame, unless a long one would leave the view there.
+  const double wanted = x + (width - titleSize.width) / 2.0;
+  const double titleX = std::max(padding, std::min(wanted, frame().width - padding - titleSize.width));
+  _titleLabel->setFrame({std::round(titleX), padding, titleSize.width, titleSize.height});
 }

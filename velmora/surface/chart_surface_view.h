@@ -41,7 +41,9 @@ class VELMORA_API VELChartSurfaceViewBase : public VELView {
   const std::shared_ptr<VELAxisArea>& rightAxesArea() const { return area(VELChartSide_Right); }
   const std::shared_ptr<VELAxisArea>& topAxesArea() const { return area(VELChartSide_Top); }
   const std::shared_ptr<VELAxisArea>& bottomAxesArea() const { return area(VELChartSide_Bottom); }
-  const std::shared_ptr<VELAxisArea>& area(VELChartSide side) const { return _areas[static_cast<size_t>(side)]; }
+  const std::shared_ptr<VELAxisArea>& area(VELChartSide side) const {
+    return _areas[static_cast<size_t>(side)];
+  }
 
   /// Width of a side area, or height for top and bottom: the smaller of its wanted size and its limit.
   float leftAxisAreaSize() const { return axisAreaSize(VELChartSide_Left); }
@@ -66,7 +68,9 @@ class VELMORA_API VELChartSurfaceViewBase : public VELView {
   void setRightAxisAreaForcedSize(float size) { setAxisAreaForcedSize(VELChartSide_Right, size); }
   void setTopAxisAreaForcedSize(float size) { setAxisAreaForcedSize(VELChartSide_Top, size); }
   void setBottomAxisAreaForcedSize(float size) { setAxisAreaForcedSize(VELChartSide_Bottom, size); }
-  void setAxisAreaForcedSize(VELChartSide side, float size) { _forcedSizes[static_cast<size_t>(side)] = size; }
+  void setAxisAreaForcedSize(VELChartSide side, float size) {
+    _forcedSizes[static_cast<size_t>(side)] = size;
+  }
 
   /// Called at each layout with the wanted sizes, before the areas are placed.
   const LayoutBlock& onLayoutSubviews() const { return _onLayoutSubviews; }

@@ -29,8 +29,12 @@ class VELMORA_API VELRenderPassData : public VELBrushPassData {
   const std::shared_ptr<VELPointSeries>& pointSeries() const { return _pointSeries; }
   std::shared_ptr<VELDataSeries> dataSeries() const { return _dataSeries.lock(); }
   std::shared_ptr<VELRenderableSeries> renderableSeries() const { return _renderableSeries.lock(); }
-  const std::shared_ptr<VELCoordinateCalculator>& xCoordinateCalculator() const override { return _xCoordinateCalculator; }
-  const std::shared_ptr<VELCoordinateCalculator>& yCoordinateCalculator() const override { return _yCoordinateCalculator; }
+  const std::shared_ptr<VELCoordinateCalculator>& xCoordinateCalculator() const override {
+    return _xCoordinateCalculator;
+  }
+  const std::shared_ptr<VELCoordinateCalculator>& yCoordinateCalculator() const override {
+    return _yCoordinateCalculator;
+  }
   /// True when there is no horizontal X calculator.
   bool isVerticalChart() const override;
 

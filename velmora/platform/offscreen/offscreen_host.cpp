@@ -9,6 +9,7 @@ namespace {
 
 std::string sizeText(const VELSize& size) {
   std::ostringstream text;
+  text.precision(15);  // a million as 1000000
   text << size.width << " x " << size.height;
   return text.str();
 }
@@ -35,6 +36,13 @@ std::string tooLarge(const VELSize& inPixels, int32_t limit) {
          << " pixels cannot be drawn: OpenGL on this machine takes at most " << limit
          << " a side; a smaller size or scale would do.";
   return text.str();
+}
+
+void refresh(VELGLContext& context, VELDisplayLink& displayLink, VELView& rootView, double seconds) {
+  context.makeCurrent();
+  rootView.layoutIfNeeded();
+  displayLink.tick(seconds);
+  rootView.layoutIfNeeded();
 }
 
 std::shared_ptr<VELOffscreenHost> refused(std::string reason, std::string* failure) {
@@ -94,16 +102,21 @@ bool VELOffscreenHost::prepareTarget(int32_t width, int32_t height) {
 }
 
 void VELOffscreenHost::tick(double seconds) {
-  _context->makeCurrent();
-  _rootView->layoutIfNeeded();
-  _displayLink->tick(seconds);
-  _rootView->layoutIfNeeded();
+  // A listener or a view may let go of the host: the refresh ends with what it holds itself.
+  const auto context = _context;
+  const auto displayLink = _displayLink;
+  const auto rootView = _rootView;
+  refresh(*context, *displayLink, *rootView, seconds);
 }
 
 bool VELOffscreenHost::settle(double seconds) {
   constexpr int kMostTicks = 16;
-  for (int i = 0; i < kMostTicks && _rootView->isTreeDirty(); ++i) tick(seconds);
-  return !_rootView->isTreeDirty();
+  const auto context = _context;
+  const auto displayLink = _displayLink;
+  const auto rootView = _rootView;
+  for (int i = 0; i < kMostTicks && rootView->isTreeDirty(); ++i)
+    refresh(*context, *displayLink, *rootView, seconds);
+  return !rootView->isTreeDirty();
 }
 
 VELBitmap VELOffscreenHost::picture() {
