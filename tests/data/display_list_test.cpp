@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "tests/support/allocation_counter.h"
 #include "velmora/data/xy_data_series.h"
@@ -46,6 +47,39 @@ TEST(DisplayList, DisplaysMayComeAndGoWhileTheyAreBeingTold) {
   steady.reset();
   list.invalidateAll();
   EXPECT_TRUE(list.isEmpty());
+}
+
+TEST(DisplayList, TheDeadAreForgottenThoughNobodyIsEverTold) {
+  std::vector<std::shared_ptr<Display>> displays(200);
+  for (auto& display : displays) display = std::make_shared<Display>();
+  VELDisplayList list;
+  const AllocationCounter allocations;
+  for (auto& display : displays) {
+    list.add(display);
+    display.reset();
+  }
+  EXPECT_EQ(allocations.count(), 1) << "room for one display is enough";
+}
+
+TEST(DisplayList, WhoIsToldMayLetGoOfTheLastOwnerOfTheSeries) {
+  for (const bool byBlock : {true, false}) {
+    for (const bool clears : {true, false}) {
+      auto series = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
+      const std::weak_ptr<VELXyDataSeries> watched = series;
+      const auto first = std::make_shared<Display>();
+      const auto second = std::make_shared<Display>();
+      series->addDisplay(first);
+      series->addDisplay(second);
+      const auto letGo = [&series] { series.reset(); };
+      if (byBlock) series->setOnDataSeriesChanged(letGo);
+      if (!byBlock) first->onTold = letGo;
+      VELXyDataSeries& alive = *series;
+      if (clears) alive.clear();
+      if (!clears) alive.appendX(1.0, 1.0);
+      EXPECT_EQ(second->told, 1);
+      EXPECT_TRUE(watched.expired());
+    }
+  }
 }
 
 TEST(DisplayList, ASeriesTellsItsBlockThenEveryDisplayWithoutAllocating) {

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "tests/data/columns.h"
+#include "velmora/data/array_controller_fifo.h"
 #include "velmora/data/ranges.h"
 
 TEST(PointSeries, ItIsAsLongAsItsShortestColumnAndRefusesColumnsOfOtherTypes) {
@@ -23,4 +24,6 @@ TEST(PointSeries, ItIsAsLongAsItsShortestColumnAndRefusesColumnsOfOtherTypes) {
   EXPECT_THROW(VELPointSeries(x, indices, indices), VELInvalidArgumentException);
   EXPECT_THROW(VELPointSeries(x, y, y), VELInvalidArgumentException);
   EXPECT_THROW(VELPointSeries(x, nullptr, indices), VELInvalidArgumentException);
+  const auto ring = VELArrayControllerFIFO::initWithType(VELDataType_Double, 8);
+  EXPECT_THROW(VELPointSeries(x, ring, indices), VELInvalidArgumentException);
 }

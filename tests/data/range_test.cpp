@@ -44,10 +44,20 @@ void expectBounds(const VELRange& range, double min, double max) {
 }  // namespace
 
 TEST(Range, ANewRangeIsInvertedAndUndefined) {
-  for (const Kind kind : allKinds) {
-    const VELRangePtr range = makeDefault(kind);
+  const struct {
+    Kind kind;
+    VELDataType tag;
+    double min, max;
+  } defaults[] = {{Double, VELDataType_Double, largest, -largest},
+                  {Float, VELDataType_Float, 0x1.fffffep127, -0x1.fffffep127},
+                  {Integer, VELDataType_Int32, 2147483647, -2147483648.0},
+                  {Index, VELDataType_Int32, 2147483647, -2147483648.0},
+                  {Date, VELDataType_DateTime, largest, -largest}};
+  for (const auto& row : defaults) {
+    const VELRangePtr range = makeDefault(row.kind);
     SCOPED_TRACE(range->description());
-    EXPECT_GT(range->minAsDouble(), range->maxAsDouble());
+    EXPECT_TRUE(range->min().type == row.tag && range->max().type == row.tag);
+    expectBounds(*range, row.min, row.max);
     EXPECT_FALSE(range->isDefined());
     EXPECT_EQ(reasonOf([&] { range->assertMinLessOrEqualToThanMax(); }),
               std::string("-[") + range->className() +
@@ -190,6 +200,7 @@ TEST(Range, EqualityNeedsTheClassAndTheBounds) {
   EXPECT_FALSE(unknown.equals(*unknown.clone()));
   EXPECT_FALSE(VELDoubleRange(0, 1).equals(VELDoubleRange(0, std::nextafter(1.0, 2.0))));
   EXPECT_TRUE(VELDateRange(0, 1).equals(VELDateRange(0, std::nextafter(1.0, 2.0))));
+  EXPECT_TRUE(VELDateRange(-infinity, infinity).equals(VELDateRange(-infinity, infinity)));
 }
 
 TEST(Range, AUnionCoversBothAndStartsFromAnUndefinedOne) {

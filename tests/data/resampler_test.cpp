@@ -206,6 +206,18 @@ TEST(Resampler, OnlyAPointSeriesThatNobodyElseHoldsIsFilledAgain) {
   own = reduce(9, own);
   EXPECT_NE(own, shared);
   EXPECT_EQ(shared->count(), 50);
+  const auto held = own->yValues();
+  own = reduce(49, own);
+  EXPECT_EQ(own->count(), 50);
+  EXPECT_EQ(held->count(), 10) << "a column may be held, too";
+  const VELArrayControllerPtr twice = column(VELDataType_Double, {});
+  EXPECT_EQ(
+      reduce(49, std::make_shared<VELPointSeries>(twice, twice, column(VELDataType_Int32, {})))->count(), 50);
+  struct OwnColumn : VELPointSeries {
+    const VELArrayControllerPtr& xValues() const override { return x; }
+    VELArrayControllerPtr x = column(VELDataType_Double, {1});
+  };
+  EXPECT_EQ(reduce(49, std::make_shared<OwnColumn>())->xValues()->count(), 50);
 }
 
 TEST(Resampler, ARotatedRingIsPutInOrderAndWhatNoModeHandlesIsRaised) {
@@ -222,6 +234,17 @@ TEST(Resampler, ARotatedRingIsPutInOrderAndWhatNoModeHandlesIsRaised) {
   };
   EXPECT_EQ(run(VELResamplingMode_Min), (Points{{8, 40, 0}, {13, 90, 5}}));
   EXPECT_EQ(run(VELResamplingMode_None).front(), (Point{4, 40, 0}));
-  EXPECT_EQ(reasonOf([&] { run(static_cast<VELResamplingMode>(7)); }),
-            "Resampling mode has not been handled.");
+  const char* const notHandled = "Resampling mode has not been handled.";
+  EXPECT_EQ(reasonOf([&] { run(static_cast<VELResamplingMode>(7)); }), notHandled);
+  struct Nothing : VELPointResampler {
+    PointSeriesPtr o_resampleWithoutReduction(const VELIndexRange&, const VELArrayController&,
+                                              const VELArrayController&, const PointSeriesPtr&) override {
+      return nullptr;
+    }
+  } nothing;
+  EXPECT_EQ(reasonOf([&] {
+              nothing.o_executeMode(VELResamplingMode_MinMax, *x, *y, VELIndexRange(0, 9), kAnyRange, 100,
+                                    nullptr);
+            }),
+            notHandled);
 }

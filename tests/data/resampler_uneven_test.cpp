@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <random>
@@ -171,14 +172,31 @@ TEST(UnevenResampler, NoXAndNoVisibleRangeBreaksIt) {
                             }),
                             xOf([](size_t i) { return static_cast<double>(i * 7919 % 400); }),
                             xOf([](size_t i) { return i < 200 ? -1e308 : 1e308; })};
-  for (const VELDoubleRange& range : ranges) {
-    for (const Values& x : columns) {
-      const Indices indices = reduced(x, y, range, 50);
-      EXPECT_TRUE(indices.size() <= 202 || indices.size() == 400) << indices.size();
-      EXPECT_FALSE(indices.empty());
+  constexpr size_t sizes[std::size(ranges)][std::size(columns)] = {
+      {175, 4, 177, 400, 178, 2, 2},   {175, 4, 177, 400, 400, 2, 400}, {175, 4, 177, 400, 400, 2, 400},
+      {175, 4, 177, 400, 2, 2, 2},     {3, 4, 3, 400, 3, 2, 2},         {175, 4, 177, 400, 400, 2, 400},
+      {175, 4, 177, 400, 400, 2, 400},
+  };
+  for (size_t r = 0; r < std::size(ranges); ++r) {
+    for (size_t c = 0; c < std::size(columns); ++c) {
+      const Indices indices = reduced(columns[c], y, ranges[r], 50);
+      EXPECT_EQ(indices.size(), sizes[r][c]) << "range " << r << " column " << c;
       EXPECT_EQ(std::adjacent_find(indices.begin(), indices.end(), std::greater_equal<>()), indices.end());
     }
   }
-  EXPECT_EQ(reduced(xOf([](size_t) { return 7.0; }), y, visible, 50).size(), 4u) << "one x is one column";
-  EXPECT_EQ(reduced(columns[4], y, ranges[2], 50).size(), 400u) << "no columns between infinite ends";
+}
+
+TEST(UnevenResampler, ALongRunOfNaNInXIsOneGap) {
+  // Two points in the first pixel column, then the run, then the last two columns.
+  constexpr int32_t width = 20000;
+  Values x(300000, kNaN);
+  Values y(x.size(), 3.0);
+  x[0] = 0.0;
+  x[1] = 0.5;
+  x[x.size() - 2] = width - 1.5;
+  x[x.size() - 1] = width;
+  const auto last = static_cast<int32_t>(x.size()) - 1;
+  y[150000] = 9.0;
+  const Indices indices = reduced(x, y, VELDoubleRange(0.0, 1e9), width);
+  EXPECT_EQ(indices, (Indices{0, 1, 2, 150000, last - 1, last}));
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -101,6 +102,12 @@ TEST(XyDataSeries, UnsortedXRaisesOnceAndReadersLeaveTheExtraXOut) {
   EXPECT_EQ(series.yValues()->count(), 4);
   EXPECT_EQ(series.count(), 4);
   EXPECT_FALSE(series.isSorted());
+  EXPECT_EQ(VELGenericDouble(series.XMin()), 1);
+  series.yValues()->append(9.0);
+  series.yValues()->append(-9.0);
+  series.dataSeriesChanged();
+  EXPECT_EQ(VELGenericDouble(series.YMin()), 1) << "y without x";
+  series.yValues()->removeRangeFrom(4, 2);
 
   VELPointResampler resampler;
   const auto points = series.toPointSeriesWithResamplingMode(VELResamplingMode_Auto, VELIndexRange(0, 4), 100,
@@ -122,7 +129,6 @@ TEST(XyDataSeries, MisuseIsRaisedWithItsReason) {
             }),
             "DataSeries appendRangeX:Y: can operate only on arrays with equal size");
   EXPECT_EQ(series.xValues()->count(), 0);
-  EXPECT_THROW(series.appendX(VELDate(1.0), 1.0), VELInvalidArgumentException);
   EXPECT_THROW(VELXyDataSeries(VELDataType_None, VELDataType_Double), VELInvalidArgumentException);
   EXPECT_EQ(VELXyDataSeries::initFifoWithXType(VELDataType_Double, VELDataType_Double, -1), nullptr);
   EXPECT_EQ(VELXyDataSeries::initFifoWithXType(VELDataType_Array, VELDataType_Double, 4), nullptr);
@@ -131,6 +137,61 @@ TEST(XyDataSeries, MisuseIsRaisedWithItsReason) {
   series.setAcceptUnsortedData(true);
   series.appendX(0, 0);
   EXPECT_THROW(series.findIndexForValue(1.6, VELArraySearchMode_Nearest), VELInvalidArgumentException);
+}
+
+TEST(XyDataSeries, WhatEitherColumnRefusesOrIgnoresTouchesNeither) {
+  const VELDate date(1.0);
+  const VELArray two = {date, date}, three = {date, date, date}, noDates = {date, 1.0};
+  const double number = 1.0;
+  const int32_t whole = 1;
+  const struct {
+    VELGenericType x, y;
+    bool raises;
+  } rows[] = {
+      {date, date, true},    {date, 1, false},      {1, 1.0, true},         {1.0, date, true},
+      {date, {}, false},     {{}, 1.0, true},       {date, &number, false}, {&number, 1.0, true},
+      {&two, 1.0, true},     {&two, &two, false},   {&noDates, &two, true}, {&whole, &number, true},
+      {&number, date, true}, {&number, &two, true}, {&number, {}, true},    {date, 1.0f, false},
+  };
+  for (const auto& row : rows) {
+    VELXyDataSeries series(VELDataType_DateTime, VELDataType_Double);
+    series.appendX(date, 1.0);
+    const auto index = &row - rows;
+    const auto raises = [&](auto&& change) { return !reasonOf(change).empty(); };
+    const bool isPoint = VELIsNumericType(row.x.type) && VELIsNumericType(row.y.type);
+    const bool raised = raises([&] { series.appendX(row.x, row.y); });
+    EXPECT_EQ(raised, row.raises) << index;
+    EXPECT_EQ(series.count(), isPoint && !row.raises ? 2 : 1) << index;
+    EXPECT_EQ(series.xValues()->count(), series.yValues()->count()) << index;
+    raises([&] { series.insertAt(0, row.x, row.y); });
+    EXPECT_EQ(series.xValues()->count(), series.yValues()->count()) << index;
+    raises([&] { series.appendRangeX(row.x, row.y, 1); });
+    raises([&] { series.insertRangeAt(0, row.x, row.y, 1); });
+    EXPECT_EQ(series.xValues()->count(), series.yValues()->count()) << index;
+    if (!isPoint) series.updateAt(0, row.x, row.y);
+    EXPECT_EQ(pointsOf(series).substr(0, 4), "1:1 ") << index;
+  }
+  VELXyDataSeries dates(VELDataType_DateTime, VELDataType_DateTime);
+  dates.appendX(&two, &two);
+  EXPECT_EQ(reasonOf([&] { dates.appendRangeX(&two, &three, 2); }),
+            "DataSeries appendRangeX:Y:Count: can operate only on arrays with equal size");
+  dates.appendRangeX(&three, &three, 3);
+  EXPECT_EQ(dates.count(), 5);
+  VELXyDataSeries numbers(VELDataType_Double, VELDataType_Double);
+  EXPECT_THROW(numbers.appendRangeX(Values{1}, std::vector{date}), VELInvalidArgumentException);
+  EXPECT_EQ(numbers.xValues()->count(), 0);
+}
+
+TEST(XyDataSeries, RowsMayBeOfItsOwnColumns) {
+  VELXyDataSeries series(VELDataType_Double, VELDataType_Double);
+  for (int i = 0; i < 64; ++i) series.appendX(7, i);
+  const auto x = [&series] { return series.xValues()->doubles(); };
+  series.appendRangeX(x(), x());
+  series.appendRangeX(x().data(), x().data(), 128);
+  series.insertRangeAt(0, series.yValues()->genericData(), x().data(), 1);
+  EXPECT_EQ(pointsOf(series).substr(0, 12), "0:7 7:0 7:1 ");
+  ASSERT_EQ(series.count(), 257);
+  for (const double y : series.yValues()->doubles().last(192)) EXPECT_EQ(y, 7.0);
 }
 
 TEST(XyDataSeries, ARingKeepsItsNewestPointsAndEmptiesWhenItsCapacityChanges) {
@@ -152,6 +213,15 @@ TEST(XyDataSeries, ARingKeepsItsNewestPointsAndEmptiesWhenItsCapacityChanges) {
   series->appendRangeX(Values{6}, Values{6});
   EXPECT_EQ(pointsOf(*series), "4:4 5:5 ") << "rings take single points only";
   VELXyDataSeries plain(VELDataType_Double, VELDataType_Double);
+  // A column that is shorter by hand: 3, 4, 5 are left of x, in a buffer that holds 5, 6, 3, 4.
+  const auto uneven = VELXyDataSeries::initFifoWithXType(VELDataType_Float, VELDataType_Float, 4);
+  for (int i = 1; i <= 6; ++i) uneven->appendX(i, i);
+  uneven->yValues()->removeAt(3);
+  uneven->dataDistributionCalculator()->setDataIsSortedAscending(false);
+  EXPECT_EQ(VELGenericDouble(uneven->XMax()), 5);
+  uneven->xValues()->setValue(std::nanf(""), 1);
+  uneven->dataSeriesChanged();
+  EXPECT_EQ(VELGenericDouble(uneven->XMax()), 3) << "a float column ends at its first NaN";
   plain.setFifoCapacity(3);
   EXPECT_FALSE(plain.isFifo());
   EXPECT_EQ(plain.fifoCapacity(), 0);

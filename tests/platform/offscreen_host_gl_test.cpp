@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <limits>
+#include <memory>
 
 namespace {
 
@@ -80,4 +82,34 @@ TEST(OffscreenHost, ABeatLaysOutThenCallsThenLaysOutWhatTheCallChanged) {
   const auto other = VELOffscreenHost::create({10.0, 10.0}, 1.0);
   host->tick(0.25);
   EXPECT_EQ(log, "LTL");
+}
+
+// An application may close its chart in answer to a refresh.
+TEST(OffscreenHost, ARefreshSurvivesTheEndOfItsHost) {
+  struct Watcher : VELView {
+    std::function<void()> onLayout;
+    void layoutSubviews() override { onLayout(); }
+  };
+  for (const bool settles : {false, true})
+    for (const bool endsInLayout : {false, true}) {
+      auto host = VELOffscreenHost::create({10.0, 10.0}, 1.0);
+      ASSERT_TRUE(host);
+      const auto view = std::make_shared<Watcher>();
+      const std::weak_ptr<VELOffscreenHost> watched = host;
+      view->onLayout = [&] {
+        if (endsInLayout) host.reset();
+      };
+      host->rootView()->addSubview(view);
+      int beats = 0;
+      host->displayLink()->add([&](double) {
+        ++beats;
+        host.reset();
+      });
+      if (settles)
+        EXPECT_TRUE(host->settle(1.0));
+      else
+        host->tick(1.0);
+      EXPECT_EQ(beats, 1);
+      EXPECT_TRUE(watched.expired());
+    }
 }

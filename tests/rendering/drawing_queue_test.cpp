@@ -1,6 +1,8 @@
 // Which shapes share a draw call, and in which order the replay calls GL.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "tests/rendering/recorded_frame.h"
 #include "tests/rendering/test_gradient.h"
 
@@ -154,6 +156,129 @@ TEST_F(Queue, AnAreaMovesTheOriginAndUploadsItsMatrixOnlyToAnActiveProgram) {
   EXPECT_FLOAT_EQ(matrices[0][1], -0.8f);
   EXPECT_FLOAT_EQ(matrices[1][0], -1.0f);
   EXPECT_NEAR(gl.gl().last("uniformMatrix4fv").floats[14], 0.0, 1e-6) << "the drawing plane, up to rounding";
+}
+
+TEST_F(Queue, AScissorIsCutToWholePixelsAndNeverNegative) {
+  VELShaderAttributes attributes;
+  gl.gl().calls.clear();
+  VELSetDrawingAreaCommand({}, {10.9, -3.7, 20.9, 0.9}, &attributes).o_performCommand();
+  VELSetDrawingAreaCommand({}, {NAN, 1e300, -5.0, INFINITY}, &attributes).o_performCommand();
+  EXPECT_EQ(gl.gl().texts(), (CallTexts{"scissor(10,-3,20,0)", "scissor(0,2147483647,0,2147483647)"}));
+}
+
+TEST_F(Queue, TheFirstAreaIsRecordedEvenWhenItIsZero) {
+  context.setDrawingArea({});
+  line(pen);
+  strips();
+  EXPECT_EQ(gl.gl().texts("scissor"), (CallTexts{"scissor(0,0,0,0)"}));
+}
+
+// Its buffers and programs are those of one GL context; in another the same names may mean anything.
+TEST_F(Queue, AFrameIsReplayedOnlyOnTheContextThatItWasRecordedFor) {
+  const RegisteredGL other;  // current from here on
+  VELOpenGLRenderContext memoryOnly(16, nullptr);
+  VELOpenGLRenderContext orphan(16, std::make_shared<RecordingGLContext>());
+  auto& now = static_cast<RecordingGLContext&>(*other.context).gl();
+  for (VELOpenGLRenderContext* const recorded : {&context, &memoryOnly, &orphan}) {
+    for (int i = 0; i < 4; ++i) recorded->drawLineWithBrush(pen, 0, 0, 9, 0);
+    EXPECT_TRUE(VELOpenGLContextController::o_enableContext(other.context));
+    replay(*recorded, now);
+    EXPECT_TRUE(now.calls.empty());
+    EXPECT_FALSE(recorded->wasChanged());
+  }
+  EXPECT_TRUE(VELOpenGLContextController::o_enableContext(gl.context));
+  EXPECT_EQ(strips().size(), 1u) << "at home it is whole";
+}
+
+// Made without GL, and without a context since: nothing to replay when that context is registered later.
+TEST_F(Queue, BuffersOfAnUnregisteredContextStayInMemory) {
+  const auto late = std::make_shared<RecordingGLContext>();
+  VELOpenGLRenderContext unregistered(16, late);
+  unregistered.drawLineWithBrush(pen, 0, 0, 9, 0);
+  VELOpenGLContextController::o_createContext(late);
+  EXPECT_TRUE(VELOpenGLContextController::o_enableContext(late));
+  unregistered.performDrawingCommands();
+  EXPECT_TRUE(late->gl().calls.empty());
+  VELOpenGLContextController::o_freeContext(late);
+}
+
+TEST_F(Queue, ACallbackMayReplaceItselfWhileItRuns) {
+  std::string calls;
+  context.setInvalidated([&, owned = std::string(64, 'x')] {
+    context.setInvalidated([&] { calls += 'y'; });
+    calls += owned.back();
+  });
+  context.invalidate();
+  context.invalidate();
+  EXPECT_EQ(calls, "xy");
+}
+
+// Shapes announced by hand, each writing as many indices as it announces.
+class Strips : public testing::Test {
+ protected:
+  using Entry = void (VELOpenGLDrawingQueue::*)(uint32_t, uint32_t);
+  Strips() { queue.o_addDrawingBufferCommandWithBuffer(&buffer, 0, 1, 2); }
+  void shape(Entry entry, uint32_t amount) { (queue.*entry)(head(), amount), write(amount); }
+  void area(uint32_t amount, bool restart) {
+    queue.o_addZeroToLineAreaCommandWithStart(head(), amount, restart), write(amount);
+  }
+  void polyline(uint32_t amount, bool restart) {
+    queue.o_addDrawPolylineCommandWithStart(head(), amount, restart), write(amount);
+  }
+  uint32_t head() const { return buffer.o_getBufferInfo().dbi_indexHead; }
+  void write(uint32_t amount) {
+    VELDrawingBufferInfo& info = buffer.o_getBufferInfo();
+    for (uint32_t i = 0; i < amount; ++i)
+      info.dbi_indexBuffer[info.dbi_indexHead++] = static_cast<uint16_t>(info.dbi_vertexHead++);
+  }
+  /// Start and count of every strip.
+  std::vector<std::pair<uint32_t, uint32_t>> strips() const {
+    std::vector<std::pair<uint32_t, uint32_t>> all;
+    for (const VELDrawingCommand* const command : queue.drawingOrder())
+      if (const auto* const strip = dynamic_cast<const VELDrawTriangleStripCommand*>(command))
+        all.emplace_back(strip->start(), strip->count());
+    return all;
+  }
+  using Expected = std::vector<std::pair<uint32_t, uint32_t>>;
+
+  VELShaderAttributes attributes;
+  VELOpenGLDrawingQueue queue{attributes};
+  VELDrawingBuffer buffer{64};
+};
+
+TEST_F(Strips, SeparateShapesOfEveryKindAreJoinedByARestart) {
+  const std::pair<Entry, uint32_t> shapes[] = {
+      {&VELOpenGLDrawingQueue::o_addDrawTriangleCommandWithStart, 3},
+      {&VELOpenGLDrawingQueue::o_addFillEllipseCommandWithStart, 9},
+      {&VELOpenGLDrawingQueue::o_addDrawRectCommandWithStart, 4},
+      {&VELOpenGLDrawingQueue::o_addDrawTriangleCommandWithStart, 3},
+      {&VELOpenGLDrawingQueue::o_addDrawTriangleCommandWithStart, 3}};
+  for (const auto& [entry, amount] : shapes) shape(entry, amount);
+  EXPECT_EQ(strips(), (Expected{{0, 22 + 4 * 2}}));
+  EXPECT_EQ(head(), 30u);
+}
+
+TEST_F(Strips, AStepOfAnAreaFollowsTheLastOneAndNothingElse) {
+  area(2, true);
+  area(2, false);
+  area(4, false);
+  EXPECT_EQ(strips(), (Expected{{0, 8}})) << "one piece";
+  area(2, true);
+  EXPECT_EQ(strips(), (Expected{{0, 12}})) << "a new piece";
+  polyline(4, false);
+  EXPECT_EQ(strips(), (Expected{{0, 18}})) << "a polyline does not go on from an area";
+  area(2, false);
+  EXPECT_EQ(strips(), (Expected{{0, 22}})) << "nor an area from a polyline";
+  queue.o_addSetDrawingAreaComandWithFrame({1, 2, 3, 4}, {});
+  area(2, false);
+  EXPECT_EQ(strips(), (Expected{{0, 22}, {22, 2}}));
+}
+
+TEST_F(Strips, OnlyAPolylineIsAnnouncedWithoutAStrip) {
+  polyline(0, true);
+  EXPECT_EQ(strips(), Expected{});
+  area(0, true);
+  EXPECT_EQ(strips(), (Expected{{0, 0}}));
 }
 
 TEST_F(Queue, UpdateRangesWidenAndAreClampedToTheCapacity) {

@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+
 #include "tests/rendering/recorded_frame.h"
 #include "velmora/rendering/brush_shader_controller.h"
 #include "velmora/rendering/default_brush_shader.h"
@@ -37,11 +41,41 @@ TEST(GLContextController, KeepsASharedContextUntilItsLastOwnerFreesIt) {
 }
 
 TEST(GLContextController, ForgetsAContextThatWentAway) {
-  auto context = std::make_shared<RecordingGLContext>();
-  const std::weak_ptr<RecordingGLContext> gone = context;
+  // Both contexts live at the same address, which is all that the second has in common with the first.
+  alignas(RecordingGLContext) std::byte place[sizeof(RecordingGLContext)];
+  const auto create = [&place] {
+    return std::shared_ptr<RecordingGLContext>(
+        std::construct_at(reinterpret_cast<RecordingGLContext*>(place)),
+        [](RecordingGLContext* context) { std::destroy_at(context); });
+  };
+  auto context = create();
   Controller::o_createContext(context);
+  ASSERT_TRUE(Controller::o_enableContext(context));
+  VELShaderAttributes attributes;
+  VELBrushShaderController::o_applyDefaultBrushShader(attributes);
   context.reset();
-  EXPECT_TRUE(gone.expired()) << "registration does not keep it alive";
+  EXPECT_EQ(VELGLContext::current(), nullptr) << "registration does not keep it alive";
+
+  context = create();
+  EXPECT_FALSE(Controller::o_enableContext(context));
+  EXPECT_EQ(VELGLContext::current(), nullptr);
+  EXPECT_EQ(Controller::o_currentState(), nullptr);
+  Controller::o_createContext(context);
+  ASSERT_TRUE(Controller::o_enableContext(context));
+  VELBrushShaderController::o_applyDefaultBrushShader(attributes);
+  EXPECT_EQ(context->gl().count("linkProgram"), 1u) << "the program of the first is not taken for its own";
+  Controller::o_freeContext(context);
+  EXPECT_FALSE(Controller::o_enableContext(context)) << "registered once";
+}
+
+TEST(GLContextController, FreeingAContextLeavesTheCurrentOneCurrent) {
+  const auto freed = std::make_unique<RegisteredGL>();
+  VELShaderAttributes attributes;
+  VELBrushShaderController::o_applyDefaultBrushShader(attributes);
+  RegisteredGL current;
+  Controller::o_freeContext(freed->context);
+  EXPECT_EQ(freed->gl().count("deleteProgram"), 1u);
+  EXPECT_EQ(VELGLContext::current(), current.context.get());
 }
 
 TEST(GLContextController, BuildsTheDefaultProgramOnceWithTheFixedSlots) {
@@ -86,6 +120,28 @@ TEST(GLContextController, AttributeArraysAreEnabledOnceUntilTheStateIsForgotten)
   EXPECT_EQ(gl.gl().count("enableVertexAttribArray"), 6u);
   for (int i = 0; i < 2; ++i) VELBrushShaderController::o_disableBuffers();
   EXPECT_EQ(gl.gl().count("disableVertexAttribArray"), 3u);
+}
+
+// A global object of the application, older than anything the library keeps.
+TEST(GLContextControllerDeathTest, ServesGlobalObjectsUntilTheProcessIsGone) {
+  struct Global {
+    std::shared_ptr<RecordingGLContext> context;
+    ~Global() {
+      const bool isRegistered = Controller::o_enableContext(context);
+      Controller::o_freeContext(context);
+      std::fprintf(stderr, "%s, %s", isRegistered ? "registered" : "lost",
+                   Controller::o_enableContext(context) ? "kept" : "freed");
+    }
+  };
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // a process that has used nothing of the library before
+  EXPECT_EXIT(
+      {
+        static Global global;
+        global.context = std::make_shared<RecordingGLContext>();
+        Controller::o_createContext(global.context);
+        std::exit(0);
+      },
+      testing::ExitedWithCode(0), "registered, freed");
 }
 
 TEST(GLContextControllerDeathTest, EndsTheProcessWhenAContextCannotBeMadeCurrent) {

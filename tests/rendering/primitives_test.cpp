@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include "tests/rendering/recorded_frame.h"
 #include "tests/rendering/test_gradient.h"
@@ -87,6 +88,82 @@ TEST_F(Primitives, APolylineTurnsItsStripOverWhereItComesBackUpFromTheLeft) {
   ASSERT_EQ(extended.size(), 1u);
   EXPECT_EQ(extended[0].indices, batched[0].indices);
   EXPECT_EQ(extended[0].vertices, batched[0].vertices);
+}
+
+TEST_F(Primitives, APolylineThatGoesRightOrStraightDownIsNotTurnedOver) {
+  const std::vector<double> rows[][2] = {{{0, 10, 20}, {0, 10, 0}}, {{5, 5, 5}, {0, 10, 5}}};
+  for (const auto& [xs, ys] : rows) {
+    context.clear();
+    polyline(xs, ys);
+    const auto drawn = strips();
+    ASSERT_EQ(drawn.size(), 1u);
+    EXPECT_EQ(drawn[0].indices, consecutive(0, 8));
+  }
+}
+
+// The four corners of every segment, without the joins between them and the turned edges.
+std::vector<Places> quadsOf(const std::vector<DrawnStrip>& drawn) {
+  std::vector<Places> quads;
+  for (const DrawnStrip& strip : drawn) {
+    Places corners;
+    for (size_t i = 0; i < strip.indices.size(); ++i) {
+      const bool isRestart = i > 0 && strip.indices[i] == strip.indices[i - 1];
+      if (!isRestart) corners.emplace_back(strip.vertices[i].x, strip.vertices[i].y);
+    }
+    for (size_t i = 0; i + 4 <= corners.size(); i += 4) {
+      if (corners[i] == corners[i + 3] && corners[i + 1] == corners[i + 2]) i += 2;
+      quads.emplace_back(corners.begin() + static_cast<long>(i), corners.begin() + static_cast<long>(i + 4));
+    }
+  }
+  return quads;
+}
+
+// Small buffers end in the middle of gaps, turns and restarts.
+TEST_F(Primitives, ABatchAcrossManyBuffersDrawsTheSegmentsThatExtensionsDraw) {
+  std::mt19937 random(20261122);
+  for (int round = 0; round < 300; ++round) {
+    std::vector<double> xs(2 + random() % 60), ys(xs.size());
+    for (size_t i = 0; i < xs.size(); ++i) {
+      xs[i] = static_cast<double>(random() % 40);
+      ys[i] = random() % 4 == 0 ? nan : static_cast<double>(random() % 40);
+    }
+    const auto capacity = static_cast<int32_t>(8 + random() % 33);
+    VELOpenGLRenderContext batched(capacity, gl.context), extended(capacity, gl.context);
+    batched.drawPolylineWithBrush(pen, *doubles(xs), *doubles(ys), 0);
+    extended.beginPolylineWithBrush(pen, static_cast<float>(xs[0]), static_cast<float>(ys[0]));
+    std::vector<Places> expected;
+    for (size_t i = 1; i < xs.size(); ++i) {
+      extended.extendPolylineWithBrush(pen, static_cast<float>(xs[i]), static_cast<float>(ys[i]));
+      if (std::isnan(ys[i - 1]) || std::isnan(ys[i])) continue;
+      const VELThickSegment edge = VELMakeThickSegment(xs[i - 1], ys[i - 1], xs[i], ys[i], 2.0f);
+      const auto corner = [&](size_t k, double side) {
+        return std::pair(static_cast<float>(xs[k] + side * double{edge.x}),
+                         static_cast<float>(ys[k] + side * double{edge.y}));
+      };
+      expected.push_back({corner(i - 1, 1), corner(i - 1, -1), corner(i, 1), corner(i, -1)});
+    }
+    ASSERT_EQ(quadsOf(replay(batched, gl.gl())), expected) << round << ", buffers of " << capacity;
+    ASSERT_EQ(quadsOf(replay(extended, gl.gl())), expected) << round << ", buffers of " << capacity;
+  }
+}
+
+TEST_F(Primitives, APointWithoutAPenMovesTheLineWithoutDrawing) {
+  const auto quad = [](float from, float to) { return Places{{from, 3}, {from, -1}, {to, 3}, {to, -1}}; };
+  context.extendPolylineWithBrush(pen, 5, 1);
+  EXPECT_TRUE(strips().empty()) << "never begun";
+  context.beginPolylineWithBrush(pen, 0, 1);
+  context.extendPolylineWithBrush(pen, 10, 1);
+  context.extendPolylineWithBrush(nullptr, 20, 1);
+  context.extendPolylineWithBrush(pen, 30, 1);
+  context.beginPolylineWithBrush(nullptr, 50, 1);
+  context.extendPolylineWithBrush(pen, 60, 1);
+  const auto drawn = strips();
+  EXPECT_EQ(quadsOf(drawn), (std::vector{quad(0, 10), quad(20, 30), quad(50, 60)}));
+  ASSERT_EQ(drawn.size(), 1u);
+  EXPECT_EQ(drawn[0].indices.size(), 3u * 4 + 2u * 2) << "a restart at either gap";
+  context.clear();
+  context.extendPolylineWithBrush(pen, 70, 1);
+  EXPECT_TRUE(strips().empty()) << "a cleared context has no point to go on from";
 }
 
 // Both ways to draw a polyline show the same triangles, whatever the data and the pen.

@@ -3,6 +3,7 @@
 
 #include "tests/rendering/recorded_frame.h"
 #include "tests/support/allocation_counter.h"
+#include "tests/support/recording_context.h"
 #include "tests/support/recording_host.h"
 #include "velmora/platform/composer.h"
 #include "velmora/platform/exception.h"
@@ -118,6 +119,42 @@ TEST_F(Surface, AFrameSetsEverythingAndReplaysThreeContextsInOrder) {
   EXPECT_EQ(CallTexts(calls.end() - static_cast<long>(closing.size()), calls.end()), closing);
 }
 
+TEST_F(Surface, AContextThatIsNoneOfItsOwnIsSkipped) {
+  RegisteredGL elsewhere;
+  const std::shared_ptr<VELRenderContext2D> strangers[] = {
+      nullptr, std::make_shared<RecordingContext>(), std::make_shared<VELOpenGLRenderContext>(64, nullptr),
+      std::make_shared<VELOpenGLRenderContext>(64, elsewhere.context)};
+  for (const auto& stranger : strangers) {
+    surface->addRenderContext(stranger);
+    surface->addBackgroundContext(stranger);
+    if (stranger) stranger->drawLineWithBrush(VELPen2D::solid(1, 1), 0, 0, 1, 1);
+    surface->modifierContext()->clear();
+    surface->modifierContext()->drawLineWithBrush(VELPen2D::solid(1, 1), 0, 0, 1, 1);
+    surface->invalidateElement();
+    tick();
+    EXPECT_EQ(rendered, "1");
+    EXPECT_EQ(host.gl().count("drawElements"), 1u) << "that of its own modifiers";
+  }
+  surface->addModifierContext(nullptr);
+  surface->setRenderContextInvalidated(true);
+  EXPECT_EQ(tick(), "d1");
+}
+
+TEST_F(Surface, AFrameThatTheDelegateEndedIsNotReported) {
+  struct Ending : Delegate {
+    VELRenderSurfaceBase* surface = nullptr;
+    void onRenderSurfaceDraw() override { surface->free(); }
+  };
+  const auto ending = std::make_shared<Ending>();
+  ending->surface = surface.get();
+  surface->setDelegate(ending);
+  const auto second = VELOpenGLRenderSurface::initWithFrame({0, 0, 10, 10}, host);
+  tick();
+  EXPECT_EQ(rendered, "");
+  EXPECT_EQ(surface->layer().presentedCount(), 0u);
+  EXPECT_EQ(second->layer().presentedCount(), 1u) << "its context is still in use";
+}
+
 TEST_F(Surface, WithoutMultisamplingAFrameGoesStraightToTheLayer) {
   surface->setMultisampling(false);
   tick();
@@ -186,6 +223,7 @@ TEST_F(Surface, TheBackgroundIsARectangleAChartRectangleAndABorder) {
   };
   const auto view = std::make_shared<VELView>(VELRect{10, 20, 30, 40});
   surface->setChartFrameView(view);
+  surface->setFrame({70, 80, 200, 300});  // somewhere in its parent, which the drawing does not notice
   auto& context = static_cast<VELOpenGLRenderContext&>(*surface->backgroundContext());
   VELRenderSurfaceStyle style;
   surface->drawBackground(context, style);
@@ -199,6 +237,7 @@ TEST_F(Surface, TheBackgroundIsARectangleAChartRectangleAndABorder) {
   EXPECT_EQ(series->area, (std::vector<double>{10, 20, 40, 60})) << "right and bottom, on purpose";
   VELOpenGLContextController::o_enableContext(host.glContext());
   const auto drawn = replay(context, host.gl());
+  EXPECT_EQ(host.gl().texts("scissor"), (CallTexts{"scissor(0,0,400,600)"}));
   ASSERT_EQ(drawn.size(), 1u);
   const auto places = placesOf(drawn[0]);
   ASSERT_EQ(places.size(), 4u + 2 + 4 + 2 + 18) << "the left side turns the strip over";
@@ -258,6 +297,26 @@ TEST_F(Surface, EverythingIsGivenBackToGL) {
   EXPECT_EQ(gl.count("drawElements"), 1u) << "the context still serves the other surface";
   second->free();
   surface = nullptr;
+}
+
+// Owners react to a change by replacing the blocks, or the style that is calling them.
+TEST(SurfaceStyle, ABlockMayReplaceItselfAndTheStyle) {
+  std::string calls;
+  auto style = std::make_shared<VELRenderSurfaceStyle>();
+  style->setStyleChanged([&, owned = std::string(64, 's')] {
+    style->setStyleChanged(nullptr);
+    calls += owned.back();
+  });
+  style->setBorderPen(nullptr);
+  style->setBorderPen(nullptr);
+  EXPECT_EQ(calls, "s");
+  style->setStyleChanged([&calls, owned = std::string(64, 't')] { calls += owned.back(); });
+  style->setLayoutChanged([&, owned = std::string(64, 'l')] {
+    style = std::make_shared<VELRenderSurfaceStyle>();
+    calls += owned.back();
+  });
+  style->setLeftAxisAreaSize(5);
+  EXPECT_EQ(calls, "slt");
 }
 
 TEST(SurfaceEnd, NoGLObjectOutlivesTheSurface) {

@@ -25,8 +25,8 @@ double roundTo15Digits(double value) {
   return digits > 0.0 ? std::floor(value * power + 0.5) / power : std::floor(value / power + 0.5) * power;
 }
 
-// The tolerance covers the rounding of a power of ten beyond 10^22, which no double holds exactly, and is
-// still less than a step of the 15th digit.
+// The tolerance covers the rounding of steps and powers of ten that no double holds exactly (1e-9, 1e23), and
+// is still less than a step of the 15th digit.
 bool isMultiple(double value, double step) {
   const double times = std::abs(roundTo15Digits(value) / step);
   return std::abs(times - std::round(times)) <= times * 4.0 * kEpsilon;

@@ -63,9 +63,6 @@ void visitPointer(VELGenericType values, Use&& use) {
   }
 }
 
-template <typename T>
-constexpr VELDataType tagOf = std::is_same_v<T, VELDate> ? VELDataType_DateTime : VELElementTypeOf<T>();
-
 }  // namespace
 
 VELArrayController::~VELArrayController() = default;
@@ -189,14 +186,10 @@ void VELArrayController::assertIsDate(VELGenericType element) {
 template <typename T>
 void VELArrayController::insertElements(std::span<const T> values, int64_t index) {
   if (values.empty() || index < 0 || index > _count) return;
-  assertAccepts(tagOf<T>);
-  if (isOwn(values.data())) {
-    // Growing or shifting would pull these values away while they are read.
-    VELRawBuffer copy;
-    copy.resize(values.size_bytes());
-    std::memcpy(copy.data(), values.data(), values.size_bytes());
-    return insertElements(std::span(static_cast<const T*>(copy.data()), values.size()), index);
-  }
+  // Numbers need no leave: without a tag they are seconds to a date column.
+  if constexpr (std::is_same_v<T, VELDate>) assertAccepts(VELDataType_DateTime);
+  VELRawBuffer copy;
+  values = detached(values, copy);
   const auto added = static_cast<int64_t>(values.size());
   reserveFor(added);
   moveTail(index, index + added);
@@ -230,6 +223,34 @@ void VELArrayController::appendRange(VELGenericType values, int64_t count) {
   insertRange(values, _count, count);
 }
 
+int64_t VELArrayController::countToAppend(VELGenericType value) const {
+  assertAccepts(value.type);
+  if (VELIsNumericType(value.type)) return 1;
+  const VELArray* dates = VELGenericArray(value);
+  if (dates == nullptr || _type != VELDataType_DateTime) return 0;
+  for (const VELGenericType& date : *dates) assertIsDate(date);
+  return static_cast<int64_t>(dates->size());
+}
+
+int64_t VELArrayController::countToInsert(VELGenericType values, int64_t count) const {
+  if (count < 1) return 0;
+  int64_t found = 0;
+  visitPointer(values, [&]<typename T>(const T*) {
+    assertAccepts(VELElementTypeOf<T>());
+    found = count;
+  });
+  return found;
+}
+
+VELGenericType VELArrayController::detached(VELGenericType values, int64_t count,
+                                            VELRawBuffer& buffer) const {
+  if (count < 1) return values;
+  visitPointer(values, [&](const auto* elements) {
+    values.data.object = detached(std::span(elements, static_cast<size_t>(count)), buffer).data();
+  });
+  return values;
+}
+
 void VELArrayController::insertValue(VELGenericType value, int64_t index) {
   if (index < 0 || index > _count) return;
   assertAccepts(value.type);
@@ -241,7 +262,7 @@ void VELArrayController::insertValue(VELGenericType value, int64_t index) {
 }
 
 void VELArrayController::insertRange(VELGenericType values, int64_t index, int64_t count) {
-  if (count < 1) return;
+  if (index < 0 || index > _count || countToInsert(values, count) == 0) return;
   visitPointer(values, [&](const auto* elements) {
     insertElements(std::span(elements, static_cast<size_t>(count)), index);
   });

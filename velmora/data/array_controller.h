@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <span>
 
@@ -82,9 +83,9 @@ class VELMORA_API VELArrayController {
   /// column, for
   ///   a DateTime to any other column, and for an array element that is no date (those before it stay)
   virtual void append(VELGenericType value);
-  // Numbers straight from memory, as if appended one by one with their own tag. The span may be of this very
-  // column.
-  /// @throws VELInvalidArgumentException as `append`
+  // Numbers straight from memory, as if appended one by one with their own tag; in a DateTime column they are
+  // seconds, whatever their type. The span may be of this very column.
+  /// @throws VELInvalidArgumentException for dates to any other column
   virtual void appendRange(std::span<const int8_t> values);
   virtual void appendRange(std::span<const int16_t> values);
   virtual void appendRange(std::span<const int32_t> values);
@@ -93,11 +94,27 @@ class VELMORA_API VELArrayController {
   virtual void appendRange(std::span<const double> values);
   virtual void appendRange(std::span<const VELDate> values);
   /// The same from a pointer-tagged value; an array value goes to `append`, any other tag does nothing.
+  /// @throws VELInvalidArgumentException as `append`: to a DateTime column only pointers to doubles
   virtual void appendRange(VELGenericType values, int64_t count);
+  /// How many elements `append` would add to a plain column, and raises what it would raise; nothing changes.
+  int64_t countToAppend(VELGenericType value) const;
+  /// The same for `insertRange` of @p count elements.
+  int64_t countToInsert(VELGenericType values, int64_t count) const;
+
+  /// The values, or a copy of them in @p buffer when they lie in this column, whose next change moves them.
+  template <typename T>
+  std::span<const T> detached(std::span<const T> values, VELRawBuffer& buffer) const {
+    if (!isOwn(values.data())) return values;
+    buffer.resize(values.size_bytes());
+    std::memcpy(buffer.data(), values.data(), values.size_bytes());
+    return {static_cast<const T*>(buffer.data()), values.size()};
+  }
+  /// The same for @p count elements of a pointer-tagged value.
+  VELGenericType detached(VELGenericType values, int64_t count, VELRawBuffer& buffer) const;
 
   /// Inserts before @p index, 0 to count; beyond that nothing happens. Errors as `append`.
   virtual void insertValue(VELGenericType value, int64_t index);
-  /// Inserts @p count numbers from a pointer-tagged value. Errors as `append`.
+  /// Inserts @p count numbers from a pointer-tagged value. Errors as `appendRange` of one.
   virtual void insertRange(VELGenericType values, int64_t index, int64_t count);
 
   void removeAt(int64_t index) { removeRangeFrom(index, 1); }

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "velmora/data/array_controller.h"
+#include "velmora/data/extremes.h"
 
 namespace {
 
@@ -47,9 +48,14 @@ void VELArrayController::getRangeMin(double& min, double& max) const {
           std::find_if(values.begin(), values.end(), [](float value) { return std::isnan(value); });
       values = values.first(static_cast<size_t>(end - values.begin()));
     }
-    T low = std::numeric_limits<T>::max();
-    T high = std::numeric_limits<T>::lowest();
+    // Folded from the infinities, which may be all that there is.
+    T low = VELHighest<T>();
+    T high = VELLowest<T>();
     foldRange(values, low, high);
+    if (low > high) {
+      low = std::numeric_limits<T>::max();
+      high = std::numeric_limits<T>::lowest();
+    }
     min = static_cast<double>(low);
     max = static_cast<double>(high);
   });

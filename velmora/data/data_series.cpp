@@ -96,6 +96,7 @@ void VELDataSeries::removeValue(VELGenericType value) {
 }
 
 void VELDataSeries::clear() {
+  const auto self = weak_from_this().lock();
   clearColumns();
   dataSeriesChanged();
   _calculator->clear();
@@ -108,6 +109,9 @@ void VELDataSeries::clearColumns() {
 
 void VELDataSeries::dataSeriesChanged() {
   p_VEL_forgetAnswers();
+  if (!_onDataSeriesChanged && _displays.isEmpty()) return;
+  // Whoever is told may let go of the last owner.
+  const auto self = weak_from_this().lock();
   if (_onDataSeriesChanged) {
     // Kept for the call: the block may replace itself.
     const std::shared_ptr<std::function<void()>> block = _onDataSeriesChanged;

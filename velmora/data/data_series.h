@@ -36,7 +36,7 @@ enum VELDataSeriesType : int32_t {
 ///
 /// Always true: readers go as far as the shortest column; an empty series answers undefined ranges; indices
 /// outside the data are ignored by every change. A series belongs to one thread.
-class VELMORA_API VELDataSeries {
+class VELMORA_API VELDataSeries : public std::enable_shared_from_this<VELDataSeries> {
  public:
   virtual ~VELDataSeries();
   VELDataSeries(const VELDataSeries&) = delete;
@@ -64,7 +64,8 @@ class VELMORA_API VELDataSeries {
   /// present size, a negative one, or to a series that is no ring.
   void setFifoCapacity(int32_t capacity);
 
-  /// x never descends.
+  /// x never descends. On purpose a full ring is not checked: new values are those by which the column grew,
+  /// and it grows no more.
   bool isSorted() const { return _calculator->dataIsSortedAscending(); }
   /// Whether x may descend; false at first.
   bool acceptUnsortedData() const { return _acceptUnsortedData; }
@@ -78,7 +79,7 @@ class VELMORA_API VELDataSeries {
   /// From the next event on; null is ignored.
   void setDataDistributionCalculator(std::shared_ptr<VELDataDistributionCalculatorBase> calculator);
 
-  /// Runs on every change. May change the series and may replace itself.
+  /// Runs on every change. May change the series, replace itself and let go of the last owner of the series.
   std::function<void()> onDataSeriesChanged() const;
   void setOnDataSeriesChanged(std::function<void()> block);
   /// Displays are held weakly and invalidated on every change, after the block; each is listed once.
@@ -122,7 +123,8 @@ class VELMORA_API VELDataSeries {
   virtual double getYMinAt(int64_t index, double existingYMin) const;
   /// The larger of a running value and the highest y of a point, as above.
   virtual double getYMaxAt(int64_t index, double existingYMax) const;
-  /// Index of a value in the x column, or -1.
+  /// Index of a value in the x column, or -1. The whole column is searched: the answer may be `count()` or
+  /// more, an x without y that an unsorted append left over.
   /// @throws VELInvalidArgumentException for any mode but exact on unsorted data
   int64_t findIndexForValue(VELGenericType value, VELArraySearchMode mode) const;
 

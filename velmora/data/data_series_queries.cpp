@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 #include "velmora/data/array_controller_fifo.h"
 #include "velmora/data/data_series.h"
@@ -23,13 +24,6 @@ struct Bounds {
 VELRangePtr rangeOfColumn(const VELArrayController& column, Bounds bounds) {
   if (!(bounds.min <= bounds.max)) bounds = Bounds();
   return VELRangeFactory::getRangeOfType(column.type(), bounds.min, bounds.max);
-}
-
-Bounds extentOf(const VELArrayController& column) {
-  if (column.isEmpty()) return {};
-  Bounds bounds;
-  column.getRangeMin(bounds.min, bounds.max);
-  return bounds;
 }
 
 /// First and last x that are numbers, in logical order.
@@ -62,6 +56,25 @@ Bounds fullExtent(const T* values, int64_t count) {
   return {static_cast<double>(values[extremes.minAt]), static_cast<double>(values[extremes.maxAt])};
 }
 
+/// Of the first @p points elements in storage order, as the column itself answers for all.
+Bounds extentOf(const VELArrayController& column, int64_t points) {
+  if (points == 0) return {};
+  if (column.count() == points) {
+    Bounds bounds;
+    column.getRangeMin(bounds.min, bounds.max);
+    return bounds;
+  }
+  return VELVisitElementType(column.type(), [&](auto element) {
+    using T = typename decltype(element)::type;
+    const T* values = static_cast<const T*>(column.data());
+    // Like a whole one, a part of a float column ends at its first NaN.
+    if constexpr (std::is_same_v<T, float>) {
+      points = std::find_if(values, values + points, [](float value) { return std::isnan(value); }) - values;
+    }
+    return fullExtent(values, points);
+  });
+}
+
 int32_t asIndex(int64_t index) { return VELSaturate<int32_t>(static_cast<double>(index)); }
 
 }  // namespace
@@ -74,14 +87,20 @@ void VELDataSeries::p_VEL_normalizeColumns() const {
 
 VELRangePtr VELDataSeries::getXRange() const {
   if (_xRangeValid) return _xRange;
-  _xRange = rangeOfColumn(*_xColumn, isSorted() ? endsOfSorted(*_xColumn, count()) : extentOf(*_xColumn));
+  const int64_t points = count();
+  // The first points of a longer ring are the first in its buffer only when it is in order.
+  if (_xColumn->count() > points) p_VEL_normalizeColumns();
+  _xRange =
+      rangeOfColumn(*_xColumn, isSorted() ? endsOfSorted(*_xColumn, points) : extentOf(*_xColumn, points));
   _xRangeValid = true;
   return _xRange;
 }
 
 VELRangePtr VELDataSeries::getYRange() const {
   if (_yRangeValid) return _yRange;
-  _yRange = rangeOfColumn(*_yColumn, extentOf(*_yColumn));
+  const int64_t points = count();
+  if (_yColumn->count() > points) p_VEL_normalizeColumns();
+  _yRange = rangeOfColumn(*_yColumn, extentOf(*_yColumn, points));
   _yRangeValid = true;
   return _yRange;
 }

@@ -1,12 +1,14 @@
 #include "velmora/data/display_list.h"
 
-#include <algorithm>
 #include <cstddef>
 
 void VELDisplayList::add(const std::shared_ptr<VELInvalidatableElement>& display) {
   if (!display) return;
-  const auto isListed = [&display](const auto& listed) { return listed.lock() == display; };
-  if (std::any_of(_displays.begin(), _displays.end(), isListed)) return;
+  for (const auto& listed : _displays) {
+    if (listed.lock() == display) return;
+    // A display that dies cannot take itself away, and a series that never changes never tells.
+    if (listed.expired()) _hasForgotten = true;
+  }
   if (_telling == 0) dropForgotten();
   _displays.push_back(display);
 }

@@ -1,8 +1,7 @@
 // data/extremes.h: where a run of elements is lowest and highest.
 //
 // Internal. NaN is below and above nothing, so it is never an extreme; of equal extremes the last one counts.
-// Elements are compared as doubles, which only 64-bit integers need to be told: for every other type the
-// order is the same.
+// Elements are compared in their own type: 64-bit integers that the same double stands for still differ.
 #pragma once
 
 #include <array>

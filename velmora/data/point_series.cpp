@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "velmora/data/array_controller_fifo.h"
 #include "velmora/data/ranges.h"
 #include "velmora/platform/exception.h"
 
@@ -17,13 +18,16 @@ VELPointSeries::VELPointSeries(std::shared_ptr<VELArrayController> xData,
                                std::shared_ptr<VELArrayController> yData,
                                std::shared_ptr<VELArrayController> indices)
     : _xValues(std::move(xData)), _yValues(std::move(yData)), _indices(std::move(indices)) {
-  const auto stores = [](const auto& column, VELDataType type) { return column && column->type() == type; };
+  // A ring never grows and may hold its elements out of order.
+  const auto stores = [](const auto& column, VELDataType type) {
+    return column && column->type() == type && dynamic_cast<VELArrayControllerFIFO*>(column.get()) == nullptr;
+  };
   if (stores(_xValues, VELDataType_Double) && stores(_yValues, VELDataType_Double) &&
       stores(_indices, VELDataType_Int32)) {
     return;
   }
   throw VELInvalidArgumentException(
-      "PointSeries needs Double columns for x and y and an Int32 column of indices");
+      "PointSeries needs Double columns for x and y and an Int32 column of indices, none of them a ring");
 }
 
 int64_t VELPointSeries::count() const {
@@ -63,9 +67,9 @@ VELRangePtr VELPointSeries::getYRange() const {
 }
 
 void VELPointSeries::setCount(int64_t count) {
-  // Cleared first: what is about to be overwritten need not be carried into a larger buffer.
-  clear();
-  _xValues->setCount(count);
-  _yValues->setCount(count);
-  _indices->setCount(count);
+  for (const auto* column : {&_xValues, &_yValues, &_indices}) {
+    // What is about to be overwritten need not be carried into a larger buffer.
+    if (count > (*column)->currentMaxSize()) (*column)->purge();
+    (*column)->setCount(count);
+  }
 }

@@ -21,7 +21,7 @@ class VELMORA_API VELPointSeries {
   /// No points, room for @p capacity of them.
   explicit VELPointSeries(int64_t capacity);
   /// Takes the columns as they are; they are shared, not copied.
-  /// @throws VELInvalidArgumentException unless x and y are Double and the indices Int32
+  /// @throws VELInvalidArgumentException unless x and y are Double and the indices Int32, and for rings
   VELPointSeries(std::shared_ptr<VELArrayController> xData, std::shared_ptr<VELArrayController> yData,
                  std::shared_ptr<VELArrayController> indices);
   virtual ~VELPointSeries() = default;

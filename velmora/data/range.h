@@ -48,7 +48,8 @@ class VELMORA_API VELRange : public std::enable_shared_from_this<VELRange> {
   /// Max minus min, in seconds for dates; integers wrap in 32 bits.
   virtual VELGenericType diff() const = 0;
   virtual bool isZero() const = 0;
-  /// A new range with both bounds as doubles, put in order.
+  /// A new range with both bounds as doubles, put in order: on purpose an undefined range comes out defined,
+  /// a default one as everything. Ask `isDefined` before.
   std::shared_ptr<VELDoubleRange> asDoubleRange() const;
 
   /// Sets both bounds, the smaller as min.
@@ -72,7 +73,8 @@ class VELMORA_API VELRange : public std::enable_shared_from_this<VELRange> {
   bool equals(const VELRange& other) const { return equals(&other); }
   bool equals(const VELRangePtr& other) const { return equals(other.get()); }
 
-  /// A new range that covers both.
+  /// A new range that covers both. Float, integer and index ranges put its bounds in order: on purpose the
+  /// union of two undefined ones comes out defined.
   virtual VELRangePtr unionWith(const VELRange& other) const = 0;
   virtual VELRangePtr clone() const = 0;
   virtual VELRangeType rangeType() const = 0;

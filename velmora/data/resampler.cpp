@@ -12,6 +12,18 @@ void normalize(VELArrayController& column) {
   if (auto* ring = dynamic_cast<VELArrayControllerFIFO*>(&column)) ring->normalizeIndices();
 }
 
+/// Somebody else who holds the point series, or a column of it, still wants to draw it as it is.
+bool isSoleOwned(const std::shared_ptr<VELPointSeries>& points) {
+  return points && points.use_count() == 1 && points->xValues().use_count() == 1 &&
+         points->yValues().use_count() == 1 && points->indices().use_count() == 1;
+}
+
+/// A derived class may have columns of its own.
+bool hasCount(const VELPointSeries& points, int64_t count) {
+  return points.xValues()->count() == count && points.yValues()->count() == count &&
+         points.indices()->count() == count;
+}
+
 VELResamplingMode autoMode(bool evenlySpaced, bool sorted) {
   if (evenlySpaced) return VELResamplingMode_MinMax;
   return sorted ? VELResamplingMode_MinMaxUnevenlySpaced : VELResamplingMode_None;
@@ -33,8 +45,11 @@ int64_t VELBucketSize(int64_t pointCount, int32_t viewportWidth) {
 
 std::shared_ptr<VELPointSeries> VELPointSeriesToFill(const std::shared_ptr<VELPointSeries>& last,
                                                      int64_t count) {
-  // Somebody else who holds it still wants to draw it as it is.
-  auto points = last && last.use_count() == 1 ? last : std::make_shared<VELPointSeries>(count);
+  if (isSoleOwned(last)) {
+    last->setCount(count);
+    if (hasCount(*last, count)) return last;
+  }
+  auto points = std::make_shared<VELPointSeries>(count);
   points->setCount(count);
   return points;
 }
@@ -53,9 +68,10 @@ std::shared_ptr<VELPointSeries> VELPointResampler::o_executeMode(
     normalize(yColumn);
   }
   if (!o_requiresReductionWithMode(mode, pointRange, viewportWidth)) {
-    return o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
+    mode = VELResamplingMode_None;
+  } else if (mode == VELResamplingMode_Auto) {
+    mode = autoMode(_isEvenlySpacedData, _isSortedData);
   }
-  if (mode == VELResamplingMode_Auto) mode = autoMode(_isEvenlySpacedData, _isSortedData);
   PointSeriesPtr points;
   switch (mode) {
     case VELResamplingMode_None:

@@ -31,8 +31,9 @@ enum VELResamplingMode : int32_t {
 /// bucket would hold less than one point nothing is reduced.
 ///
 /// Every operation takes the point series of the frame before as `last`: when nobody but the caller holds
-/// it, it is refilled and returned, so that a steady frame allocates nothing; else, and for null, a new one
-/// is made. The operations are virtual: a resampler of one's own may replace each.
+/// it and nobody but itself its columns, it is refilled and returned, so that a steady frame allocates
+/// nothing; else, and for null, a new one is made. The operations are virtual: a resampler of one's own may
+/// replace each.
 class VELMORA_API VELPointResampler {
  public:
   using PointSeriesPtr = std::shared_ptr<VELPointSeries>;

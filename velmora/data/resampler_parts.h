@@ -24,7 +24,8 @@ VELPointRun VELPointRunOf(const VELIndexRange& range, const VELArrayController& 
 /// Points per bucket, n / (2 × width) in whole numbers; below 1 there is nothing to reduce.
 int64_t VELBucketSize(int64_t pointCount, int32_t viewportWidth);
 
-/// @p last when nobody but the caller holds it, else a new one; with @p count points still to be written.
+/// @p last when nobody but the caller holds it or a column of it, else a new one; with @p count points still
+/// to be written.
 std::shared_ptr<VELPointSeries> VELPointSeriesToFill(const std::shared_ptr<VELPointSeries>& last,
                                                      int64_t count);
 

@@ -151,6 +151,20 @@ struct Layout {
 
   /// Where a column ends; the last one is closed instead.
   double edge(int32_t column) const { return minX + (maxX - minX) * (static_cast<double>(column) / columns); }
+
+  /// The first column from @p column on that ends behind an x; `columns` when none does, and for NaN.
+  int32_t columnBehind(double x, int32_t column) const {
+    int32_t beyond = columns;
+    while (column < beyond) {
+      const int32_t middle = column + (beyond - column) / 2;
+      if (x < edge(middle)) {
+        beyond = middle;
+      } else {
+        column = middle + 1;
+      }
+    }
+    return beyond;
+  }
 };
 
 /// The visible range as far as there is data; the range of the data where the visible one is no range.
@@ -178,11 +192,17 @@ int64_t p_VEL_o_reducePointUnevenImpl(VELPointRun run, const Layout& layout,
                                       const VELArrayController& xColumn, const T* y, int32_t* out) {
   const void* x = xColumn.data();
   const VELSortedSearch firstNotBelow = VELFirstNotBelowSearch(xColumn.type());
+  const VELNumberSearch nextNumber = VELNextNumberSearch(xColumn.type());
   ColumnReducer<T> reducer(y, out);
   if (layout.first > run.first) reducer.keep(layout.first - 1);
   int64_t first = layout.first;
-  for (int32_t column = 1; column < layout.columns && first < layout.last; ++column) {
+  int32_t column = 1;
+  while (column < layout.columns && first < layout.last) {
     const int64_t last = firstNotBelow(x, first, layout.last, layout.edge(column));
+    ++column;
+    // Behind an empty column straight to the next one that holds a point: each search in between would walk
+    // over the same run of NaN.
+    if (last == first) column = layout.columnBehind(nextNumber(x, first, layout.last), column);
     reducer.reduce(first, last);
     first = last;
   }

@@ -51,7 +51,8 @@ struct VELDateBound {
   }
   static VELGenericType tagged(Value value) { return VELDate(value); }
   static VELGenericType difference(Value max, Value min) { return max - min; }
-  static bool same(Value a, Value b) { return std::abs(a - b) <= epsilon; }
+  /// Infinities have no difference.
+  static bool same(Value a, Value b) { return a == b || std::abs(a - b) <= epsilon; }
 };
 
 /// Two bounds of one scalar type and every operation in which the range classes agree.

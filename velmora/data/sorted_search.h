@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <type_traits>
 
 #include "velmora/data/array_controller.h"
@@ -20,6 +21,21 @@ int64_t VELNextNumber(const T* values, int64_t index, int64_t last) {
     while (index < last && std::isnan(values[index])) ++index;
   }
   return index;
+}
+
+/// The next number itself; NaN when there is none: elements, first, last.
+using VELNumberSearch = double (*)(const void*, int64_t, int64_t);
+
+/// The way to it for one storage type, to be chosen once.
+inline VELNumberSearch VELNextNumberSearch(VELDataType type) {
+  return VELVisitElementType(type, [](auto element) -> VELNumberSearch {
+    using T = typename decltype(element)::type;
+    return [](const void* values, int64_t first, int64_t last) {
+      const int64_t index = VELNextNumber(static_cast<const T*>(values), first, last);
+      if (index == last) return std::numeric_limits<double>::quiet_NaN();
+      return static_cast<double>(static_cast<const T*>(values)[index]);
+    };
+  });
 }
 
 /// First index in [first, last) at which @p isBefore no longer holds, else last.

@@ -5,6 +5,7 @@
 #include <memory>
 #include <ranges>
 #include <span>
+#include <type_traits>
 
 #include "velmora/data/data_series.h"
 
@@ -29,26 +30,40 @@ class VELMORA_API VELXyDataSeries : public VELDataSeries {
   VELDataSeriesType dataSeriesType() const override { return VELDataSeriesType_Xy; }
   std::shared_ptr<VELDataSeries> clone() const override;
 
-  /// x is appended before its order is looked at: when the call raises, the x column is one longer than y and
-  /// readers leave that x out. Meant so; `removeAt` of its index takes it away.
+  /// Appends a point. Two values, or two arrays of dates of equal length to columns of dates; when either has
+  /// no number nothing happens.
+  ///
+  /// x is appended before its order is looked at: when the call raises for that, the x column is one longer
+  /// than y and readers leave that x out. Meant so; the next y that is appended pairs with it, unless
+  /// `removeAt` of its index takes it away before. A full ring is not checked for order, on purpose: it does
+  /// not grow by what is appended.
   /// @throws VELException "Operation exception" for unsorted x that is not accepted
-  /// @throws VELInvalidArgumentException for a date in a column of numbers and the other way round
+  /// @throws VELInvalidArgumentException for a date in a column of numbers and the other way round, and for
+  ///         arrays of different length; neither column has changed then
   void appendX(VELGenericType x, VELGenericType y);
-  /// Appends rows of equal length, unboxed. Rings take single points only.
+  /// Appends rows of equal length, unboxed; they may be of this series' own columns. Rings take single points
+  /// only.
   /// @throws VELInvalidArgumentException for rows of different length; and as above
   template <VELContiguousValues XValues, VELContiguousValues YValues>
   void appendRangeX(const XValues& x, const YValues& y) {
-    assertEqualSize(std::ranges::size(x), std::ranges::size(y));
+    using Y = std::ranges::range_value_t<YValues>;
+    const size_t added = std::ranges::size(x);
+    assertEqualSize(added, std::ranges::size(y), "appendRangeX:Y:");
+    if (isFifo() || added == 0) return;
+    if constexpr (std::is_same_v<Y, VELDate>) _yColumn->countToAppend(VELDate(0.0));
+    VELRawBuffer copy;
+    const auto yValues = _xColumn->detached(std::span<const Y>(std::ranges::data(y), added), copy);
     const int64_t previousCount = _xColumn->count();
-    _xColumn->appendRange(std::span(std::ranges::data(x), std::ranges::size(x)));
+    _xColumn->appendRange(std::span(std::ranges::data(x), added));
     onAppendXColumnWithPreviousCount(previousCount);
-    _yColumn->appendRange(std::span(std::ranges::data(y), std::ranges::size(y)));
+    _yColumn->appendRange(yValues);
     dataSeriesChanged();
   }
-  /// Appends @p count points from pointers to scalars, as above.
+  /// Appends @p count points from pointers to scalars, as above; a column of dates also takes an array of
+  /// dates. Any other value and a null pointer on either side append nothing.
   void appendRangeX(VELGenericType x, VELGenericType y, int64_t count);
 
-  /// Replaces a point.
+  /// Replaces a point; nothing happens when either value is no number.
   /// @throws VELException "Operation exception" for unsorted x that is not accepted, x being replaced then
   void updateAt(int64_t index, VELGenericType xValue, VELGenericType yValue);
   /// Puts a point in at an index of 0 to `count()`. Rings ignore it.
@@ -64,5 +79,8 @@ class VELMORA_API VELXyDataSeries : public VELDataSeries {
                                                                   VELPointResampler& resampler) override;
 
  private:
-  static void assertEqualSize(size_t xCount, size_t yCount);
+  /// @throws VELInvalidArgumentException with the selector when the counts differ
+  static void assertEqualSize(size_t xCount, size_t yCount, const char* selector);
+  /// Both columns take a value of it. Asked before either is touched.
+  bool p_VEL_takesX(VELGenericType x, VELGenericType y) const;
 };

@@ -100,8 +100,7 @@ void VELDrawingBuffer::o_selectVertexBuffers() {
 void VELDrawingBuffer::o_uploadBuffersForDrawing() {
   VELGL* const gl = p_VEL_currentGL();
   if (!gl) return;
-  const auto upload = [gl](uint32_t target, uint32_t& start, uint32_t& end,
-                                            const auto* data) {
+  const auto upload = [gl](uint32_t target, uint32_t& start, uint32_t& end, const auto* data) {
     if (end <= start) return;
     constexpr size_t bytes = sizeof(*data);
     gl->bufferSubData(target, start * bytes, (end - start) * bytes, data + start);

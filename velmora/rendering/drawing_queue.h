@@ -46,7 +46,8 @@ class VELOpenGLDrawingQueue {
   void o_addFillEllipseCommandWithStart(uint32_t start, uint32_t amount);
   /// @param restart true where the area does not go on from the last one
   void o_addZeroToLineAreaCommandWithStart(uint32_t start, uint32_t amount, bool restart);
-  /// An area equal to the last one is dropped; the first one never is. (The spelling is part of the interface.)
+  /// An area equal to the last one is dropped; the first one never is. (The spelling is part of the
+  /// interface.)
   void o_addSetDrawingAreaComandWithFrame(const VELRect& frame, const VELRect& scissor);
 
   /// The recorded frame, in order.

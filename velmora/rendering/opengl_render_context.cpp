@@ -48,7 +48,7 @@ void VELOpenGLRenderContext::clear() {
   p_VEL_makeCurrent(*_drawingBuffers.front());
   _wasChanged = true;
   _shaderAttributes.sa_brushAtlas.o_clearAtlas();
-  _polylineHelper.reset();
+  _polylineHelper.o_reset();
 }
 
 void VELOpenGLRenderContext::performDrawingCommands() {

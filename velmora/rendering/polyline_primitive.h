@@ -14,10 +14,12 @@
 class VELPolylinePrimitive final : public VELDrawingPrimitive {
  public:
   /// Forgets where the line stands: an extension without a first point draws nothing, it becomes that point.
-  void reset() { _head = {}; }
-  /// The first point, also without a pen: whoever extends goes on from here. @return always 0; without room the first extension moves to another buffer anyway
+  void o_reset() { _head = {}; }
+  /// The first point, also without a pen: whoever extends goes on from here. @return always 0; without room
+  /// the first extension moves to another buffer anyway
   uint32_t o_beginPolylinePrimitiveWithBrush(const VELPenPtr& pen, double x, double y);
-  /// The next point. Without a pen the line has a gap up to it. @return vertices written: 4, or 6 where the strip is turned over
+  /// The next point. Without a pen the line has a gap up to it. @return vertices written: 4, or 6 where the
+  /// strip is turned over
   uint32_t o_extendPolylinePrimitiveWithBrush(const VELPenPtr& pen, double x, double y);
   /// A polyline from point @p start on, as far as the buffer has room. An extension afterwards goes on from
   /// the last point drawn.

@@ -48,9 +48,7 @@ class VELMORA_API VELRenderSurfaceStyle {
   void setStyleChanged(std::function<void()> callback) { _styleChanged = p_VEL_share(std::move(callback)); }
   /// Called after a change of an axis area size, before `styleChanged`.
   const std::function<void()>& layoutChanged() const { return *_layoutChanged; }
-  void setLayoutChanged(std::function<void()> callback) {
-    _layoutChanged = p_VEL_share(std::move(callback));
-  }
+  void setLayoutChanged(std::function<void()> callback) { _layoutChanged = p_VEL_share(std::move(callback)); }
 
  private:
   /// Shared, so that a block outlives its own call when it replaces itself or the whole style.

@@ -16,7 +16,7 @@ void VELForEachAxis(const VELAxisCollection* axes, Visit visit) {
 template <typename Predicate>
 std::shared_ptr<VELAxisBase> VELFindAxis(const VELAxisCollection* axes, Predicate holds) {
   for (int32_t i = 0; axes && i < axes->count(); ++i)
-    if (const auto axis = axes->itemAt(i); axis && holds(*axis)) return axis;
+    if (auto axis = axes->itemAt(i); axis && holds(*axis)) return axis;
   return nullptr;
 }
 

@@ -131,7 +131,8 @@ VELRect VELChartRenderer::p_VEL_o_layoutVelmora(const VELChartSurface* surface) 
 std::shared_ptr<VELRenderPassInfo> VELChartRenderer::p_VEL_o_prepareRenderDataWithSurface(
     const VELChartSurface& surface, const VELSize& size) {
   // Read once: series that are added during the pass wait for the next one.
-  const VELChartSurface::SeriesList series = surface.renderableSeries();
+  const VELChartSurface::SeriesList series(surface.renderableSeries().begin(),
+                                           surface.renderableSeries().end());
   auto info = std::make_shared<VELRenderPassInfo>();
   info->setViewportSize(size);
   constexpr double kEpsilon = std::numeric_limits<double>::epsilon();
@@ -157,6 +158,8 @@ std::shared_ptr<VELRenderPassInfo> VELChartRenderer::p_VEL_o_prepareRenderDataWi
 }
 
 void VELChartRenderer::p_VEL_o_prepareXAxes(const VELChartSurface& surface) {
+  // Held for the walk: what runs in it may give the surface another manager.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const auto manager = surface.viewportManager();
   if (!manager) return;
   VELForEachAxis(surface.xAxes(),
@@ -227,6 +230,7 @@ void VELChartRenderer::o_prepareXAxes(const VELChartSurface& surface, const VELR
 }
 
 void VELChartRenderer::o_prepareYAxes(const VELChartSurface& surface, const VELRenderPassInfo& info) {
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const auto manager = surface.viewportManager();
   VELForEachAxis(surface.yAxes(), [&](VELAxisBase& axis) {
     if (manager) VELApplyRange(axis, manager->calculateNewYAxisRange(axis, info));

@@ -142,6 +142,7 @@ void VELChartSurface::attachRenderableSeries(const std::shared_ptr<VELRenderable
 void VELChartSurface::detachRenderableSeries(const std::shared_ptr<VELRenderableSeries>& series) {
   if (!series) return;
   // The argument may be an element of the list that is about to lose it.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const auto kept = series;
   kept->setParentSurface({});
   std::erase(_renderableSeries, kept);
@@ -189,6 +190,7 @@ void VELChartSurface::attachAxis(const std::shared_ptr<VELAxisBase>& axis, bool 
 void VELChartSurface::detachAxis(const std::shared_ptr<VELAxisBase>& axis) {
   if (!axis) return;
   // The argument may be the collection's own reference.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const auto kept = axis;
   const auto& axes = kept->isXAxis() ? _xAxes : _yAxes;
   if (axes) axes->removeItem(kept);
@@ -362,8 +364,9 @@ void VELChartSurface::onRenderSurfaceDraw() {
   {
     const RenderingFlag rendering(_isRendering, _retiredAxes);
     const auto renderSurface = _renderSurface.lock();
-    _lastErrorCode =
-        _velmoraRenderer->o_renderLoop(renderSurface ? renderSurface->renderContext().get() : nullptr);
+    // Held for the pass: what runs in it may give the render surface other contexts.
+    const auto context = renderSurface ? renderSurface->renderContext() : nullptr;
+    _lastErrorCode = _velmoraRenderer->o_renderLoop(context.get());
   }
   const auto strongView = _view.lock();
   if (strongView && strongView->axisAreasNeedResizing()) p_VEL_axisAreaResizeRequest();
