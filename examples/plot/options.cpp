@@ -38,7 +38,6 @@ std::optional<PlotOptions> parseOptions(int argc, const char* const* argv) {
   app.add_option("--x", options.x, "column along the X axis (else the first numeric one, or the row number)");
   app.add_option("--y", options.y,
                  "column drawn as a line, several times for more (else every other numeric one)")
-      ->expected(1)
       ->allow_extra_args(false);  // what follows the one column is not another
   const auto* outOption = app.add_option("--out", out, "the picture (else FILE.png in this folder)");
   app.add_option("--size", size, "width and height in points (1280x720)");

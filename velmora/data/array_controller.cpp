@@ -158,6 +158,14 @@ void VELArrayController::setValue(VELGenericType value, int64_t index) {
 }
 
 void VELArrayController::append(VELGenericType value) {
+  // The usual case: a double, date or 64-bit integer into a column of its own with room for it. The general
+  // way below does the same.
+  if (value.type == _type && _count < _maxSize && dataTypeSize() == sizeof(value.data)) {
+    std::memcpy(static_cast<std::byte*>(data()) + static_cast<size_t>(_count) * sizeof(value.data),
+                &value.data, sizeof(value.data));
+    ++_count;
+    return;
+  }
   assertAccepts(value.type);
   if (_count >= _maxSize) reserveFor(1);
   if (store(value, _count)) {
