@@ -17,11 +17,12 @@ constexpr int32_t sampleCount = 4;
 // The drawing plane lies at −7, between the near and the far plane.
 constexpr float nearPlane = 4.0f, farPlane = 10.0f, drawingPlane = -7.0f;
 
-void checkFramebuffer(VELGL& gl, uint32_t framebuffer) {
+bool checkFramebuffer(VELGL& gl, uint32_t framebuffer) {
   gl.bindFramebuffer(VELGL_FRAMEBUFFER, framebuffer);
   const uint32_t status = gl.checkFramebufferStatus(VELGL_FRAMEBUFFER);
-  if (status != VELGL_FRAMEBUFFER_COMPLETE)
-    std::fprintf(stderr, "Failed to make complete framebuffer object %x\n", status);
+  if (status == VELGL_FRAMEBUFFER_COMPLETE) return true;
+  std::fprintf(stderr, "Failed to make complete framebuffer object %x\n", status);
+  return false;
 }
 
 bool isReadable(const VELColor& color) {
@@ -138,7 +139,8 @@ void VELOpenGLRenderSurface::layoutSubviews() {
     gl.bindRenderbuffer(_sampleColorRenderbuffer);
     gl.renderbufferStorageMultisample(sampleCount, VELGL_RGBA8, _width, _height);
     gl.framebufferRenderbuffer(VELGL_FRAMEBUFFER, VELGL_COLOR_ATTACHMENT0, _sampleColorRenderbuffer);
-    checkFramebuffer(gl, _sampleFramebuffer);
+    // Without memory for the samples the frame is drawn without them.
+    _samplesAreComplete = checkFramebuffer(gl, _sampleFramebuffer);
   }
   // New storage is empty, and every recorded drawing area was measured from the old bottom edge.
   if (!sameSize) invalidateElement();
@@ -156,7 +158,7 @@ void VELOpenGLRenderSurface::onRenderTimeElapsed() {
 }
 
 bool VELOpenGLRenderSurface::p_VEL_usesMultisampling() const {
-  return multisampling() && _sampleFramebuffer != 0;
+  return multisampling() && _samplesAreComplete;
 }
 
 bool VELOpenGLRenderSurface::p_VEL_renderOpenGL() {

@@ -71,6 +71,7 @@ class VELMORA_API VELOpenGLRenderSurface final : public VELRenderSurfaceBase {
   uint32_t _framebuffer = 0;
   uint32_t _sampleFramebuffer = 0;
   uint32_t _sampleColorRenderbuffer = 0;
+  bool _samplesAreComplete = false;
   int32_t _width = 0;
   int32_t _height = 0;
   float _contentScale = 1.0f;
