@@ -18,18 +18,17 @@ std::vector<std::string> namesOf(const CsvTable& table) {
 
 TEST(CsvTable, ReadsWhatPeopleWriteAsOneTable) {
   const std::string_view variants[] = {
-      "a,b\n1,2\n3,4\n",  // plain
-      "a,b\n1,2\n3,4",    // last line not ended
-      "\xEF\xBB\xBF"
-      "a,b\r\n1,2\r\n3,4\r\n",            // byte order mark, CRLF
-      "\"a\",\"b\"\n\"1\",\"2\"\n3,4\n",  // quoted
-      "a;b\n1;2\n3;4\n",                  // semicolons
-      "a\tb\n1\t2\n3\t4\n",               // tabs
-      "a,b\n\n1,2\n\n\n3,4\n\n",          // empty lines
-      "a,b\n +1 ,2.0\n3e0,0.4E1\n",       // blanks and other spellings
-      "a,b\n1,2,99\n3,4,99,99\n",         // more cells than names
-      "a,b\r1,2\r3,4\r",                  // CR alone
-      "\n\na;b\n1;2\n3;4\n",              // the header comes later
+      "a,b\n1,2\n3,4\n",                    // plain
+      "a,b\n1,2\n3,4",                      // last line not ended
+      "\357\273\277a,b\r\n1,2\r\n3,4\r\n",  // byte order mark, CRLF
+      "\"a\",\"b\"\n\"1\",\"2\"\n3,4\n",    // quoted
+      "a;b\n1;2\n3;4\n",                    // semicolons
+      "a\tb\n1\t2\n3\t4\n",                 // tabs
+      "a,b\n\n1,2\n\n\n3,4\n\n",            // empty lines
+      "a,b\n +1 ,2.0\n3e0,0.4E1\n",         // blanks and other spellings
+      "a,b\n1,2,99\n3,4,99,99\n",           // more cells than names
+      "a,b\r1,2\r3,4\r",                    // CR alone
+      "\n\na;b\n1;2\n3;4\n",                // the header comes later
   };
   for (const std::string_view text : variants) {
     const CsvTable table = parseCsv(text, "test");
