@@ -5,24 +5,12 @@
 #include <stdexcept>
 
 #include "fake_chart.h"
+#include "tests/support/calling_label_provider.h"
 #include "velmora/axes/nice_scale.h"
-#include "velmora/axes/numeric_label_provider.h"
 #include "velmora/axes/numeric_tick_provider.h"
 #include "velmora/axes/tick_coordinates_provider.h"
 
 namespace {
-
-class CallingProvider : public VELNumericLabelProvider {
- public:
-  explicit CallingProvider(std::function<void()> call) : _call(std::move(call)) {}
-  std::string formatLabel(const VELGenericType& value) const override {
-    _call();
-    return VELNumericLabelProvider::formatLabel(value);
-  }
-
- private:
-  std::function<void()> _call;
-};
 
 size_t labelViews(const VELAxisBase& axis) { return axis.axisPanel()->subviews().size(); }
 
@@ -33,7 +21,7 @@ TEST(AxisCallbacks, ALabelProviderThatRaisesLeavesNoOldLabelsBehind) {
   const auto usual = chart.x->labelProvider();
   for (const int failing : {1, 3, 5}) {
     int calls = 0;
-    chart.x->setLabelProvider(std::make_shared<CallingProvider>([&] {
+    chart.x->setLabelProvider(std::make_shared<CallingLabelProvider>([&] {
       if (++calls == failing) throw std::runtime_error("application");
     }));
     chart.x->setVisibleRange(doubles(failing, failing + 10.0));
@@ -56,7 +44,7 @@ TEST(AxisCallbacks, APassSurvivesChangesOfItsAxis) {
   };
   for (const auto& action : meddling) {
     bool done = false;
-    chart.x->setLabelProvider(std::make_shared<CallingProvider>([&] {
+    chart.x->setLabelProvider(std::make_shared<CallingLabelProvider>([&] {
       if (!std::exchange(done, true)) action();
     }));
     chart.draw();

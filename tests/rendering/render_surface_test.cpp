@@ -188,6 +188,10 @@ TEST_F(Surface, AnIncompleteFramebufferIsLoggedOnceEach) {
   surface->layoutSubviews();
   const std::string line = "Failed to make complete framebuffer object 8cd6\n";
   EXPECT_EQ(testing::internal::GetCapturedStderr(), line + line);
+  host.gl().calls.clear();
+  host.displayLink()->tick(0.0);
+  EXPECT_GT(host.gl().count("clear("), 0u) << "drawing goes on";
+  EXPECT_EQ(host.gl().count("blit"), 0u) << "without the samples that there is no memory for";
 }
 
 TEST_F(Surface, TheChartFrameIsThatOfItsView) {

@@ -5,11 +5,11 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "tests/support/calling_label_provider.h"
 #include "tests/support/recording_chart.h"
 #include "tests/support/recording_host.h"
 #include "velmora/axes/label_provider.h"
 #include "velmora/axes/numeric_axis.h"
-#include "velmora/axes/numeric_label_provider.h"
 #include "velmora/rendering/visual_style.h"
 
 namespace {
@@ -126,19 +126,6 @@ TEST(ChartSurfaceView, DestructionFreesEveryGlObject) {
   host->tick();
 }
 
-// Does something in the middle of a pass.
-class MeddlingProvider : public VELNumericLabelProvider {
- public:
-  explicit MeddlingProvider(std::function<void()> action) : _action(std::move(action)) {}
-  std::string formatLabel(const VELGenericType& value) const override {
-    _action();
-    return VELNumericLabelProvider::formatLabel(value);
-  }
-
- private:
-  std::function<void()> _action;
-};
-
 TEST(ChartSurfaceView, APassSurvivesWhatItsCallbacksDo) {
   Chart chart({0.0, 0.0, 640.0, 360.0});
   VELChartSurface& surface = *chart.view->surface();
@@ -152,7 +139,7 @@ TEST(ChartSurfaceView, APassSurvivesWhatItsCallbacksDo) {
   };
   for (const auto& action : meddling) {
     bool done = false;
-    chart.bottom->setLabelProvider(std::make_shared<MeddlingProvider>([&] {
+    chart.bottom->setLabelProvider(std::make_shared<CallingLabelProvider>([&] {
       if (!done) {
         done = true;
         action();
