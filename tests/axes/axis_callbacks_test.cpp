@@ -129,8 +129,8 @@ TEST(AxisCallbacks, ExtremeNumbersOfTicksAndOddGrowthAreHarmless) {
 
   // A range that ends a hair below a tick: it stays a major and is no minor.
   VELNumericTickProvider ticks;
-  const auto majors = ticks.calculateMajorTicksWithRange(0.0, 0.3 - 1e-12, {0.02, 0.1});
-  const auto minors = ticks.calculateMinorTicksWithRange(0.0, 0.3 - 1e-12, {0.02, 0.1});
+  const auto majors = ticks.calculateMajorTicksWithRange(VELDoubleRange(0.0, 0.3 - 1e-12), {0.02, 0.1});
+  const auto minors = ticks.calculateMinorTicksWithRange(VELDoubleRange(0.0, 0.3 - 1e-12), {0.02, 0.1});
   EXPECT_EQ(majors->count(), 4);
   EXPECT_EQ(minors->count(), 12);
 }

@@ -184,7 +184,7 @@ TEST(AxisArea, StacksItsAxesOutwardsFromTheChartFrame) {
   chart.drawUntilStable();
   const VELRect outer = second->axisPanel()->frameInChart(), inner = chart.y->axisPanel()->frameInChart();
   EXPECT_EQ(inner.right(), chart.surface->frame.x);
-  EXPECT_EQ(outer.right(), inner.x);
+  EXPECT_EQ(outer.right() + 10, inner.x) << "the inner title does not touch the outer ticks";
   EXPECT_EQ(outer.x, 0);
   EXPECT_EQ(inner.height, chart.surface->frame.height);
   EXPECT_EQ(chart.y->getAxisOffset(), 0);
@@ -202,6 +202,11 @@ TEST(AxisArea, StacksItsAxesOutwardsFromTheChartFrame) {
   const auto marks = chart.context.of(chart.y->style().majorTickPen().get());
   const auto lines = chart.context.of(chart.y->style().majorGridLinePen().get());
   EXPECT_EQ(marks[1].y1, lines[1].y1);
+  const auto base = chart.context.of(second->style().majorTickPen().get()).front();
+  EXPECT_EQ(base.x1, base.x2);
+  EXPECT_EQ(base.x1, second->axisPanel()->frameInChart().right() - 0.5)
+      << "ticks away from the chart frame stand on a line of their own";
+  EXPECT_EQ(base.y2 - base.y1, outer.height);
   EXPECT_GT(lines[0].y1, chart.surface->frame.bottom()) << "a line beyond the chart frame stays there";
   second->setAxisTitle("wider");
   chart.draw();

@@ -49,25 +49,6 @@ TEST(AxisRanges, TheMaximumXRangeCoversTheSeriesThatCount) {
   expectRange(chart.x->getMaximumRange(), 0, 12);
 }
 
-TEST(AxisRanges, ARangeWithoutWidthIsWidenedBeforeItGrows) {
-  struct Row {
-    double value, grow, min, max;
-  };
-  for (const Row& row :
-       std::vector<Row>{{5, 0, 4.95, 5.05}, {-5, 0, -5.05, -4.95}, {0, 0, -1, 1}, {100, 0.5, 98, 102}}) {
-    Chart chart;
-    chart.add(doubles(row.value, row.value), doubles(row.value, row.value));
-    chart.x->setGrowBy(doubles(row.grow, row.grow));
-    chart.y->setGrowBy(doubles(row.grow, row.grow));
-    expectRange(chart.x->getMaximumRange(), row.min, row.max);
-    expectRange(chart.y->getMaximumRange(), row.min, row.max);
-  }
-  Chart chart;
-  chart.add(doubles(-1e308, 1e308));
-  chart.x->setGrowBy(doubles(1, 1));
-  expectRange(chart.x->getMaximumRange(), 0, 10);
-}
-
 TEST(AxisRanges, TheYRangeIsThatOfTheDataInsideTheXWindow) {
   Chart chart;
   std::vector<VELDoubleRange> asked;

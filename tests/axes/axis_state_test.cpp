@@ -7,7 +7,6 @@
 
 #include "fake_chart.h"
 #include "velmora/axes/delta_calculator.h"
-#include "velmora/axes/tick_coordinates_provider.h"
 #include "velmora/platform/exception.h"
 
 namespace {
@@ -152,25 +151,6 @@ TEST(AxisBase, MajorsAreNumberedFromZeroWhateverIsInSight) {
                                          {kNaN, 0},
                                          {kInf, 0}})
     EXPECT_EQ(axis.p_VEL_getMajorTickIndex(row.value), row.index) << row.value;
-}
-
-TEST(TickCoordinates, KeepWhatLiesOnTheAxisAndDropDoubles) {
-  FakeChart chart;
-  chart.x->setVisibleRange(doubles(0, 439));
-  chart.x->getCurrentCoordinateCalculator();
-  ASSERT_EQ(chart.x->getAxisSize(), 440) << "one point per unit";
-  const std::vector<double> minors = {-50, -1e-8, 0, 0, 100, 100 + 1e-16, 439, 440, 440.1, kNaN};
-  const auto provider = chart.x->tickCoordinatesProvider();
-  const auto ticks = provider->getTickCoordinatesWithMinorTicks(minors, {});
-  const std::vector<double> kept(ticks->getMinorTicks().begin(), ticks->getMinorTicks().end());
-  EXPECT_EQ(kept, (std::vector<double>{-1e-8, 0, 100, 439, 440})) << "both ends with a hair of tolerance";
-  ASSERT_EQ(ticks->getMinorTickCoordinates().size(), 5u);
-  EXPECT_EQ(ticks->getMinorTickCoordinates()[3], 439.0f);
-  EXPECT_TRUE(ticks->getMajorTicks().empty());
-  EXPECT_FALSE(ticks->isEmpty());
-  EXPECT_NE(provider->getTickCoordinatesWithMinorTicks({}, {}), ticks) << "the first answer is still kept";
-  VELTickCoordinatesProviderDefault orphan;
-  EXPECT_TRUE(orphan.getTickCoordinatesWithMinorTicks(minors, minors)->isEmpty());
 }
 
 TEST(AxisCollection, FindsAxesByTheirIdAndRefusesDoubles) {

@@ -72,6 +72,33 @@ TEST(CoordinateCalculator, EachKindOfAxisPutsValuesWhereItSays) {
   }
 }
 
+TEST(CoordinateCalculator, ADirectionMakesHorizontalXAxesAndUprightOthers) {
+  VELDoubleCoordinateCalculator plain(101, 0, 100, VELDirection2D_Y, false);
+  VELFlippedDoubleCoordinateCalculator flipped(101, 0, 100, VELDirection2D_X, true);
+  VELLogarithmicDoubleCoordinateCalculator x(301, 1, 1000, 10, VELDirection2D_X, false),
+      y(301, 1, 1000, 10, VELDirection2D_Y, true);
+  struct Row {
+    const VELCoordinateCalculator& calculator;
+    double value, pixel;
+    bool isX, isFlipped;
+  };
+  for (const Row& row : std::vector<Row>{{plain, 90, 10, false, false},
+                                         {flipped, 90, 90, true, true},
+                                         {x, 10, 100, true, false},
+                                         {y, 10, 100, false, true}}) {
+    EXPECT_NEAR(row.calculator.getCoordinateFrom(row.value), row.pixel, 1e-9);
+    EXPECT_EQ(row.calculator.isXAxisCalculator(), row.isX);
+    EXPECT_EQ(row.calculator.isHorizontalAxisCalculator(), row.isX);
+    EXPECT_EQ(row.calculator.hasFlippedCoordinates(), row.isFlipped);
+  }
+  plain.setCoordinateConstant(2);
+  flipped.setCoordinateConstant(2);
+  EXPECT_EQ(plain.getCoordinateFrom(90), 20);
+  EXPECT_EQ(flipped.getCoordinateFrom(90), 80);
+  const VELCalculatorHelper helper = flipped.getCalculatorHelper();
+  EXPECT_EQ(helper.function(helper.info, 90), 80);
+}
+
 TEST(CoordinateCalculator, HelperAndStageComputeTheSameBitsAsTheCalculator) {
   const std::vector<VELAxisParams> kinds = {
       paramsOf(733, -3.7, 19.1, false),

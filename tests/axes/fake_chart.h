@@ -15,6 +15,7 @@
 #include "velmora/axes/numeric_axis.h"
 #include "velmora/data/ranges.h"
 #include "velmora/data/xy_data_series.h"
+#include "velmora/platform/display_link.h"
 #include "velmora/rendering/render_context.h"
 
 inline VELRangePtr doubles(double min, double max) { return std::make_shared<VELDoubleRange>(min, max); }
@@ -43,6 +44,7 @@ struct FakeSurface : VELAxisSurface {
   VELRect bounds{0, 0, 500, 250};
   double scale = 1.0;
   int invalidations = 0;
+  std::shared_ptr<VELDisplayLink> link = std::make_shared<VELDisplayLink>();
   VELAxisCollection xs, ys;
   std::vector<std::shared_ptr<FakeSeries>> series;
 
@@ -50,6 +52,7 @@ struct FakeSurface : VELAxisSurface {
   VELRect chartFrame() const override { return frame; }
   VELRect viewBounds() const override { return bounds; }
   double contentScale() const override { return scale; }
+  std::shared_ptr<VELDisplayLink> displayLink() const override { return link; }
   size_t axisSeriesCount() const override { return series.size(); }
   VELAxisSeries* axisSeriesAt(size_t i) const override { return series[i].get(); }
   VELAxisCollection* xAxes() const override { return const_cast<VELAxisCollection*>(&xs); }

@@ -1,13 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "tests/support/allocation_counter.h"
+#include "velmora/axes/default_tick_label.h"
+#include "velmora/axes/logarithmic_numeric_axis.h"
 #include "velmora/axes/number_format.h"
-#include "velmora/axes/numeric_axis.h"
 #include "velmora/axes/numeric_label_provider.h"
+#include "velmora/axes/object_pool.h"
+#include "velmora/axes/text_formatting_style.h"
 #include "velmora/platform/exception.h"
 #include "velmora/platform/number_formatter.h"
 
@@ -63,6 +68,97 @@ TEST(NumericLabels, FollowTheAxisInThisOrderFormatFormatterG) {
   EXPECT_EQ(axis->formatText(1e300).size(), 24u) << "what does not fit into 25 bytes is cut";
   EXPECT_EQ(VELNumericLabelProvider().formatLabel(0.25), "0.25") << "an axis is not needed";
   EXPECT_THROW(VELLabelProviderBase().formatLabel(1), VELInternalInconsistencyException);
+}
+
+TEST(ObjectPool, HandsOutWhatHasBeenIdleLongestAndCountsWhatItMade) {
+  int made = 0;
+  const auto make = [&] { return std::make_shared<int>(++made); };
+  VELObjectPool<int> pool(2, make);
+  const auto first = pool.getWithAction(make), second = pool.getWithAction(make);
+  EXPECT_TRUE(*first == 1 && *second == 2 && pool.isEmpty() && *pool.getWithAction(make) == 3);
+  pool.put(second);
+  pool.put(first);
+  EXPECT_EQ(pool.getWithType(), second) << "the one made for the call is dropped";
+  EXPECT_EQ(pool.count() * 10 + pool.availableCount(), 31);
+}
+
+TEST(TickLabels, WithoutAStyleAreGreenAndShowNothing) {
+  VELDefaultTickLabel label({0, 0, 30, 10});
+  VELNumericAxis().labelProvider()->updateDataContextWithContext(label, 1.5, nullptr);
+  EXPECT_EQ(label.textColor(), (VELColor{0.0, 1.0, 0.0, 1.0}));
+  EXPECT_EQ(label.transform(), VELAffineTransform::zero());
+  EXPECT_EQ(label.text(), "1.5");
+}
+
+TEST(TickLabels, IntersectWhenTheyShareMoreThanAnEdgeInSinglePrecision) {
+  struct Row {
+    VELRect frame;
+    bool intersects;
+  };
+  const VELDefaultTickLabel label({10, 10, 30, 10});
+  for (const Row& row : {Row{{39, 19, 5, 5}, true}, Row{{40, 10, 5, 5}, false}, Row{{10, 20, 5, 5}, false},
+                         Row{{20, 12, 2, 2}, true}, Row{{5, 5, 5, 20}, false}, Row{{39, 30, 5, 5}, false},
+                         Row{{40 - 1e-9, 10, 5, 5}, false}}) {
+    const VELDefaultTickLabel next(row.frame);
+    EXPECT_EQ(label.hasIntersectionWithNext(next), row.intersects) << row.frame.x;
+    EXPECT_EQ(next.hasIntersectionWithNext(label), row.intersects) << row.frame.x;
+  }
+}
+
+std::shared_ptr<VELLogarithmicNumericAxis> axisOfBase(double base) {
+  auto axis = std::make_shared<VELLogarithmicNumericAxis>();
+  axis->setLogarithmicBase(base);
+  return axis;
+}
+
+TEST(PowerLabels, EveryPowerReadsAsAWholeOneAndWhatIsNoneAsTheNumber) {
+  struct Row {
+    double base, value;
+    std::string text, drawn;
+  };
+  std::vector<Row> rows = {
+      {10.0, 500.0, "1x102.69897", "1x10 2.69897"},
+      {10.0, 1.0 + 2.3e-16, "1x100", "1x10 0"},  // the rest of a sum of steps
+      {0.5, 1.0, "1x0.50", "1x0.5 0"},
+      {10.0, -1000.0, "-1000", "-1000"},
+      {10.0, 0.0, "0", "0"},
+      {10.0, std::numeric_limits<double>::infinity(), "inf", "inf"},
+      {1.0, 5.0, "5", "5"},
+      {2.0, std::numeric_limits<double>::max(), "1.79769e+308", "1.79769e+308"},  // 2^1024 is no double
+  };
+  for (int k = -300; k <= 300; ++k) {
+    const std::string power = std::to_string(k);
+    rows.push_back({10.0, std::pow(10.0, k), "1x10" + power, "1x10 " + power});
+    rows.push_back({2.0, std::pow(2.0, k), "1x2" + power, "1x2 " + power});
+    rows.push_back({std::exp(1.0), std::exp(k), "1xe" + power, "1xE " + power});
+  }
+  VELDefaultTickLabel label;
+  for (const Row& row : rows) {
+    const auto axis = axisOfBase(row.base);
+    ASSERT_EQ(axis->formatText(row.value), row.text);
+    axis->labelProvider()->updateDataContextWithContext(label, row.value, nullptr);
+    ASSERT_EQ(label.text(), row.drawn);
+    ASSERT_EQ(label.hasExponent(), row.text != row.drawn);
+  }
+}
+
+TEST(PowerLabels, TheExponentStandsSmallAndRaisedInsideALabelThatHoldsIt) {
+  const auto axis = axisOfBase(10.0);
+  const auto provider = axis->labelProvider();
+  VELDefaultTickLabel label;
+  VELTextEngine& engine = VELTextEngine::instance();
+  for (const double size : {10.0, 24.0}) {
+    const VELTextFormattingStyle style("", size, 0xFF0000FF);
+    provider->updateDataContextWithContext(label, 1e-12, &style);
+    const VELFont font{"", size, false}, small{"", 0.7 * size, false};
+    const double raise = 2.0 * (engine.capHeight(font) - engine.capHeight(small));
+    EXPECT_EQ(label.attributedText(), (VELAttributedText{{"1x10 ", font, 0.0}, {"-12", small, raise}}));
+    EXPECT_EQ(label.frame().size(), engine.measure(label.attributedText()));
+    EXPECT_GT(label.frame().height, engine.measure({{"1x10 ", font, 0.0}}).height);
+    const AllocationCounter again;
+    provider->updateDataContextWithContext(label, 1e-12, &style);
+    EXPECT_EQ(again.count(), 0);
+  }
 }
 
 }  // namespace

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <deque>
+
 #include "tests/data/columns.h"
+#include "velmora/data/category_array_controller.h"
 
 namespace {
 
@@ -20,7 +22,7 @@ Values physical(const VELArrayController& column) {
 
 }  // namespace
 
-TEST(Fifo, AFullRingOverwritesItsOldestValue) {
+TEST(Fifo, AFullRingOverwritesItsOldestValueAndIsSearchedFromIt) {
   const auto full = ring(3, 5);
   EXPECT_EQ(values(*full), (Values{3, 4, 5}));
   EXPECT_EQ(physical(*full), (Values{4, 5, 3}));
@@ -29,9 +31,15 @@ TEST(Fifo, AFullRingOverwritesItsOldestValue) {
   full->setValue(99, 3);
   full->setValue(99, -1);
   EXPECT_EQ(physical(*full), (Values{4, 5, 30}));
-  full->normalizeIndices();
-  EXPECT_EQ(physical(*full), (Values{30, 4, 5}));
+  full->setValue(3, 0);
+  EXPECT_EQ(full->indexOf(4.0, true, VELArraySearchMode_Exact), 1);
+  EXPECT_EQ(full->indexOf(3.0, false, VELArraySearchMode_Exact), 0);
+  EXPECT_EQ(full->headIndex(), 2);
+  EXPECT_EQ(full->indexOf(4.5, true, VELArraySearchMode_RoundUp), 2) << "normalised";
   EXPECT_EQ(full->headIndex(), 0);
+  EXPECT_EQ(physical(*full), (Values{3, 4, 5}));
+  full->removeValue(4.0);
+  EXPECT_EQ(values(*full), (Values{3, 5}));
 }
 
 TEST(Fifo, ItAlwaysHoldsTheNewestValuesInOrder) {
@@ -92,24 +100,25 @@ TEST(Fifo, ARingOfDatesTakesArraysOneByOne) {
 
 TEST(Fifo, CopiesAreInLogicalOrder) {
   const auto original = ring(3, 5);
+  const auto category = VELCategoryArrayController::initWithType(VELDataType_DateTime);
+  category->appendRange(Values{9, 8});
+  const struct {
+    VELArrayControllerPtr column;
+    Values copied;
+  } rows[] = {{original, {3, 4, 5}},
+              {column(kDouble, {7, 6}), {7, 6}},
+              {category, {9, 8}},  // the values, not their places
+              {column(kDouble, {}), {}}};
   VELRawBuffer copy;
-  int64_t count = 0;
-  VELDataType type = VELDataType_None;
-  original->copyToArray(copy, count, type);
-  const auto* elements = static_cast<const double*>(copy.data());
-  EXPECT_EQ(Values(elements, elements + count), (Values{3, 4, 5}));
+  for (const auto& row : rows) {
+    int64_t count = -1;
+    VELDataType type = VELDataType_None;
+    row.column->copyToArray(copy, count, type);
+    const auto* elements = static_cast<const double*>(copy.data());
+    EXPECT_EQ(Values(elements, elements + count), row.copied);
+    EXPECT_EQ(type, row.column->type());
+  }
   const auto clone = original->clone();
   clone->append(6);
   EXPECT_EQ(values(*clone), (Values{4, 5, 6}));
-}
-
-TEST(Fifo, SearchesAnswerLogicalIndices) {
-  const auto searched = ring(3, 5);
-  EXPECT_EQ(searched->indexOf(4.0, true, VELArraySearchMode_Exact), 1);
-  EXPECT_EQ(searched->indexOf(3.0, false, VELArraySearchMode_Exact), 0);
-  EXPECT_EQ(searched->headIndex(), 2);
-  EXPECT_EQ(searched->indexOf(4.5, true, VELArraySearchMode_RoundUp), 2);
-  EXPECT_EQ(searched->headIndex(), 0);
-  searched->removeValue(4.0);
-  EXPECT_EQ(values(*searched), (Values{3, 5}));
 }

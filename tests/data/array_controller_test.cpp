@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstring>
-#include <limits>
 #include <new>
 #include <utility>
 
@@ -13,11 +12,6 @@
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr VELDataType storageTypes[] = {VELDataType_Int16,   VELDataType_Int32, VELDataType_Int64,
-                                        VELDataType_Byte,    VELDataType_Float, VELDataType_Double,
-                                        VELDataType_DateTime};
 constexpr const char* onlyDates =
     "Array Controller of DateTime type accepts VELGenericType with Double, DateTime or NSArray with DateTime";
 constexpr const char* noDates =
@@ -61,6 +55,11 @@ TEST(ArrayController, GrowthDoublesFromSixtyFour) {
   EXPECT_TRUE(grown->isEmpty());
   EXPECT_THROW(grown->setCount(std::numeric_limits<int64_t>::max()), std::bad_alloc);
   EXPECT_EQ(grown->currentMaxSize(), 64);
+  // The array finds the first capacity made already: twice 64 + 100.
+  const VELArray dates(100, VELDate(1));
+  const auto dated = VELArrayController::initWithType(VELDataType_DateTime);
+  dated->append(&dates);
+  EXPECT_EQ(dated->currentMaxSize(), 328);
 }
 
 // Three ways in must store the same bytes: one by one, from a pointer, from a span.
@@ -68,34 +67,27 @@ TEST(ArrayController, BulkAppendsStoreWhatSingleAppendsStore) {
   const auto check = [](auto sample) {
     using T = decltype(sample);
     std::vector<T> source(150);
-    for (int i = 0; i < 150; ++i) source[static_cast<size_t>(i)] = static_cast<T>(i * 37 % 251 - 120);
-    if constexpr (std::is_floating_point_v<T>) {
-      source.insert(source.end(),
-                    {T(0.9), T(-2.7), T(1e30), -std::numeric_limits<T>::infinity(), T(notANumber)});
-    } else {
-      source.insert(source.end(), {std::numeric_limits<T>::max(), std::numeric_limits<T>::min()});
-    }
-    for (const VELDataType type : storageTypes) {
+    for (size_t i = 0; i < 150; ++i) source[i] = static_cast<T>(static_cast<int>(i) * 37 % 251 - 120);
+    source.insert(source.end(), {std::numeric_limits<T>::max(), std::numeric_limits<T>::lowest()});
+    if constexpr (std::is_floating_point_v<T>)
+      source.insert(source.end(), {T(0.9), T(-2.7), T(1e30), -T(kInf), T(kNaN)});
+    for (const VELDataType type : kTypes) {
       // To dates numbers are seconds; only a pointer tells its tag, and must be one of doubles.
       const bool seconds = type == VELDataType_DateTime;
       const bool takesPointer = !seconds || std::is_same_v<T, double>;
       const auto single = VELArrayController::initWithType(type);
       const auto pointer = VELArrayController::initWithType(type);
       const auto span = VELArrayController::initWithType(type);
-      for (const T value : source) {
+      for (const T value : source)
         single->append(seconds ? VELGenericType(static_cast<double>(value)) : VELGenericType(value));
-      }
-      if (takesPointer)
-        pointer->appendRange(VELGenericType(source.data()), static_cast<int64_t>(source.size()));
-      span->appendRange(std::span<const T>(source));
-      ASSERT_EQ(pointer->count(), takesPointer ? single->count() : 0);
-      ASSERT_EQ(span->count(), single->count());
-      EXPECT_EQ(span->currentMaxSize(), single->currentMaxSize());
+      span->appendRange(source);
+      if (takesPointer) pointer->appendRange(source.data(), static_cast<int64_t>(source.size()));
       const auto bytes = static_cast<size_t>(single->count() * single->dataTypeSize());
-      if (takesPointer) {
-        EXPECT_EQ(std::memcmp(single->data(), pointer->data(), bytes), 0) << type;
+      for (const auto& other : {span, takesPointer ? pointer : span}) {
+        ASSERT_EQ(other->count(), single->count());
+        EXPECT_EQ(other->currentMaxSize(), single->currentMaxSize());
+        EXPECT_EQ(std::memcmp(single->data(), other->data(), bytes), 0) << type;
       }
-      EXPECT_EQ(std::memcmp(single->data(), span->data(), bytes), 0) << type;
     }
   };
   check(int8_t{});
@@ -170,11 +162,10 @@ TEST(ArrayController, AColumnMayAppendItself) {
   const auto own = column(VELDataType_Double, {1, 2, 3});
   for (int i = 0; i < 6; ++i) own->appendRange(own->doubles());
   own->insertRange(own->doubles().data() + 1, 0, 2);
-  EXPECT_EQ(own->count(), 194);
   EXPECT_EQ(own->currentMaxSize(), 256);
-  EXPECT_EQ(own->doubles()[0], 2.0);
-  EXPECT_EQ(own->doubles()[1], 3.0);
-  EXPECT_EQ(own->doubles()[193], 3.0);
+  const Values all = values(*own);
+  EXPECT_EQ(Values(all.begin(), all.begin() + 4), (Values{2, 3, 1, 2}));
+  EXPECT_EQ(Values(all.begin() + 191, all.end()), (Values{1, 2, 3}));
 }
 
 TEST(ArrayController, TypedAccessGivesOnlyTheStorageType) {
@@ -194,15 +185,15 @@ TEST(ArrayController, TheRangeOfAColumnFollowsItsType) {
     VELDataType type;
     Values values;
     double min, max;
-  } cases[] = {{VELDataType_Double, {1, notANumber, 5}, 1, 5},
-               {VELDataType_DateTime, {notANumber, 3}, 3, 3},
-               {VELDataType_Float, {1, notANumber, 5}, 1, 1},
-               {VELDataType_Float, {notANumber, 5}, floatMax, -floatMax},
+  } cases[] = {{VELDataType_Double, {1, kNaN, 5}, 1, 5},
+               {VELDataType_DateTime, {kNaN, 3}, 3, 3},
+               {VELDataType_Float, {1, kNaN, 5}, 1, 1},
+               {VELDataType_Float, {kNaN, 5}, floatMax, -floatMax},
                {VELDataType_Float, {}, floatMax, -floatMax},
                {VELDataType_Double, {}, doubleMax, -doubleMax},
-               {VELDataType_Double, {notANumber}, doubleMax, -doubleMax},
-               {VELDataType_Double, {infinity, notANumber}, infinity, infinity},
-               {VELDataType_Float, {-infinity}, -infinity, -infinity},
+               {VELDataType_Double, {kNaN}, doubleMax, -doubleMax},
+               {VELDataType_Double, {kInf, kNaN}, kInf, kInf},
+               {VELDataType_Float, {-kInf}, -kInf, -kInf},
                {VELDataType_Byte, {}, 127, -128},
                {VELDataType_Int16, {7}, 7, 7},
                {VELDataType_Int64, {1e30, -1e30}, -0x1p63, 0x1p63}};
@@ -217,7 +208,7 @@ TEST(ArrayController, TheFastRangeEqualsThePlainLoopAtEveryLength) {
   double max = -min;
   for (int i = 0; i < 90; ++i) {
     // Swings widely at first, so that every lane meets smaller values after its largest.
-    const double value = i % 7 == 3 ? notANumber : i * 7919 % 1000 * (90 - i) - 9000.0;
+    const double value = i % 7 == 3 ? kNaN : i * 7919 % 1000 * (90 - i) - 9000.0;
     data->append(value);
     if (value < min) min = value;
     if (value > max) max = value;

@@ -2,20 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <cstdint>
-#include <limits>
-#include <memory>
-#include <vector>
+#include <functional>
+#include <utility>
 
-#include "tests/data/columns.h"
-#include "tests/support/allocation_counter.h"
-#include "velmora/data/xy_data_series.h"
+#include "tests/data/series_classes.h"
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
 
 std::shared_ptr<VELXyDataSeries> seriesOf(const Values& x, const Values& y) {
   auto series = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
@@ -24,15 +16,7 @@ std::shared_ptr<VELXyDataSeries> seriesOf(const Values& x, const Values& y) {
   return series;
 }
 
-struct Expected {
-  double min;
-  double max;
-};
-
-void expectRange(const VELRangePtr& range, Expected expected) {
-  EXPECT_EQ(VELGenericDouble(range->min()), expected.min) << range->description();
-  EXPECT_EQ(VELGenericDouble(range->max()), expected.max) << range->description();
-}
+void expectRange(const VELRangePtr& range, Ends expected) { EXPECT_EQ(ends(range), expected); }
 
 }  // namespace
 
@@ -46,17 +30,15 @@ TEST(DataSeries, TheIndexRangeReachesOnePointBeyondTheVisibleRangeAndHoldsAllEqu
     Values x;
     double min, max;
     int32_t first, last;
-  } rows[] = {
-      {plain, 3.5, 6, 1, 3},        {plain, 3, 7, 1, 3},
-      {plain, 4, 4.5, 1, 2},        {plain, 0, 100, 0, 4},
-      {plain, 9, 20, 4, 4},         {plain, -kInf, kInf, 0, 4},
-      {plain, 9.5, 20, kMin, kMax}, {plain, -5, 0.5, kMin, kMax},
-      {plain, 6, 4, kMin, kMax},    {plain, kNaN, 4, kMin, kMax},
-      {equal, 2, 2, 1, 3},          {equal, 1.5, 2.5, 0, 4},
-      {broken, 1.5, 2.5, 1, 3},     {broken, 3.5, 9, 4, 5},
-      {{5, 1, 3}, 2, 2, 0, 2},      {{}, 0, 1, kMin, kMax},
-      {{4}, 0, 10, 0, 0},           {{1e-20, 2e-20, 3e-20, 4e-20}, 2.5e-20, 2.6e-20, 1, 2},
-  };
+  } rows[] = {{plain, 3.5, 6, 1, 3},        {plain, 3, 7, 1, 3},
+              {plain, 4, 4.5, 1, 2},        {plain, 0, 100, 0, 4},
+              {plain, 9, 20, 4, 4},         {plain, -kInf, kInf, 0, 4},
+              {plain, 9.5, 20, kMin, kMax}, {plain, -5, 0.5, kMin, kMax},
+              {plain, 6, 4, kMin, kMax},    {plain, kNaN, 4, kMin, kMax},
+              {equal, 2, 2, 1, 3},          {equal, 1.5, 2.5, 0, 4},
+              {broken, 1.5, 2.5, 1, 3},     {broken, 3.5, 9, 4, 5},
+              {{5, 1, 3}, 2, 2, 0, 2},      {{}, 0, 1, kMin, kMax},
+              {{4}, 0, 10, 0, 0},           {{1e-20, 2e-20, 3e-20, 4e-20}, 2.5e-20, 2.6e-20, 1, 2}};
   for (const auto& row : rows) {
     const auto series = seriesOf(row.x, row.x);
     const auto range = series->getIndicesRangeWithVisibleRange(VELDoubleRange(row.min, row.max));
@@ -66,8 +48,7 @@ TEST(DataSeries, TheIndexRangeReachesOnePointBeyondTheVisibleRangeAndHoldsAllEqu
 }
 
 TEST(DataSeries, EveryTypeOfXColumnIsSearchedByItsValues) {
-  for (const VELDataType type : {VELDataType_Int16, VELDataType_Int32, VELDataType_Int64, VELDataType_Byte,
-                                 VELDataType_Float, VELDataType_Double, VELDataType_DateTime}) {
+  for (const VELDataType type : kTypes) {
     VELXyDataSeries series(type, type);
     for (int i = 0; i < 100; ++i) series.appendX(static_cast<double>(i), static_cast<double>(i));
     const auto range = series.getIndicesRangeWithVisibleRange(VELDateRange(20.5, 40.0));
@@ -105,11 +86,9 @@ TEST(DataSeries, TheWindowedYRangeCountsWhatLiesInsideOrElseTheTwoNeighbours) {
   const struct {
     double min, max;
     bool positive;
-    Expected expected;
-  } rows[] = {
-      {1, 2, false, {-20, 10}},     {1, 2, true, {10, 10}},     {2, 4, false, {-20, 40}},
-      {4.2, 4.8, false, {-50, 40}}, {4.2, 4.8, true, {40, 40}}, {0, 9, true, {10, 40}},
-  };
+    Ends expected;
+  } rows[] = {{1, 2, false, {-20, 10}},     {1, 2, true, {10, 10}},     {2, 4, false, {-20, 40}},
+              {4.2, 4.8, false, {-50, 40}}, {4.2, 4.8, true, {40, 40}}, {0, 9, true, {10, 40}}};
   const auto series = seriesOf(x, y);
   for (const auto& row : rows) {
     expectRange(series->getWindowYRangeWithXRange(VELDoubleRange(row.min, row.max), row.positive),
@@ -127,8 +106,7 @@ TEST(DataSeries, TheWindowedYRangeCountsWhatLiesInsideOrElseTheTwoNeighbours) {
 }
 
 TEST(DataSeries, RangesAreUndefinedWithoutANumberAndPassOverNaN) {
-  for (const VELDataType type :
-       {VELDataType_Byte, VELDataType_Int32, VELDataType_Float, VELDataType_DateTime}) {
+  for (const VELDataType type : kTypes) {
     const VELXyDataSeries empty(type, type);
     EXPECT_FALSE(empty.getXRange()->isDefined()) << type;
     EXPECT_FALSE(empty.getYRange()->isDefined()) << type;
@@ -144,44 +122,173 @@ TEST(DataSeries, RangesAreUndefinedWithoutANumberAndPassOverNaN) {
   EXPECT_EQ(seriesOf({1}, {2})->getYMinAt(7, 9.0), 9.0);
 }
 
-TEST(DataSeries, ARotatedRingAnswersInLogicalOrder) {
-  const auto series = VELXyDataSeries::initFifoWithXType(VELDataType_Double, VELDataType_Double, 3);
-  for (int i = 1; i <= 5; ++i) series->appendX(static_cast<double>(i), 10.0 * i);
-  expectRange(series->getXRange(), {3, 5});
-  const auto range = series->getIndicesRangeWithVisibleRange(VELDoubleRange(3.5, 4.0));
-  EXPECT_EQ(VELGenericInt(range->min()), 0);
-  EXPECT_EQ(VELGenericInt(range->max()), 1);
-  series->appendX(6.0, 60.0);
-  expectRange(series->getWindowYRangeWithXRange(VELDoubleRange(3.5, 5.0)), {40, 50});
-  expectRange(series->getWindowYRangeWithIndexRange(VELIndexRange(0, 1)), {40, 50});
+TEST(DataSeries, ARotatedRingIsReadInLogicalOrder) {
+  const auto series = VELXyDataSeries::initFifoWithXType(kDouble, VELDataType_Float, 3);
+  for (const float y : {1.0F, 2.0F, 5.0F, 4.0F, std::nanf("")}) series->appendX(y, y);
+  expectRange(series->getYRange(), {4, 5});  // a float column ends at its first NaN: 5, 4, NaN
+  expectRange(series->getXRange(), {4, 5});  // not looked at when it came, and the wrong way round
+  EXPECT_THROW(series->updateAt(1, 1, 1), VELException) << "by logical neighbours";
+  // A column that is shorter by hand: 3, 4, 5 are left of x, in a buffer that holds 5, 6, 3, 4.
+  const auto uneven = VELXyDataSeries::initFifoWithXType(VELDataType_Float, VELDataType_Float, 4);
+  for (int i = 1; i <= 6; ++i) uneven->appendX(i, i);
+  uneven->yValues()->removeAt(3);
+  uneven->dataDistributionCalculator()->setDataIsSortedAscending(false);
+  EXPECT_EQ(VELGenericDouble(uneven->XMax()), 5);
+  uneven->xValues()->setValue(std::nanf(""), 1);
+  uneven->dataSeriesChanged();
+  EXPECT_EQ(VELGenericDouble(uneven->XMax()), 3);
 }
 
-TEST(DataSeries, ASteadyFrameAllocatesNothing) {
-  Values x, y;
-  for (int i = 0; i < 20000; ++i) {
-    x.push_back(i);
-    y.push_back(std::sin(i * 0.1));
+TEST(DataSeries, AnArrayOfDatesThatTurnsARingIsJudgedByTheirOrder) {
+  const auto dates = [](int first, int count, int step) {
+    VELArray result;
+    for (int i = 0; i < count; ++i) result.push_back(VELDate(first + step * i));
+    return result;
+  };
+  for (int prefill = 0; prefill < 3; ++prefill) {
+    for (int count = 1; count <= 7; ++count) {
+      const auto ring = VELXyDataSeries::initFifoWithXType(VELDataType_DateTime, VELDataType_DateTime, 3);
+      for (int i = 0; i < prefill; ++i) ring->appendX(VELDate(i), VELDate(i));
+      const VELArray up = dates(prefill, count, 1), down = dates(-1, count, -1);
+      EXPECT_NO_THROW(ring->appendX(&up, &up)) << prefill << " then " << count;
+      EXPECT_EQ(VELGenericDouble(ring->XMax()), prefill + count - 1);
+      ring->clear();
+      EXPECT_EQ(raisesUnsorted([&] { ring->appendX(&down, &down); }), count > 1) << count;
+    }
   }
-  const auto series = seriesOf(x, y);
-  VELPointResampler resampler;
-  VELIndexRange indices;
-  const VELDoubleRange visible(100.5, 18000.0);
-  for (int32_t mode = VELResamplingMode_None; mode <= VELResamplingMode_Auto; ++mode) {
-    const auto frame = [&] {
-      series->getIndicesRangeWithVisibleRange(visible, indices);
-      const VELRangePtr window = series->getWindowYRangeWithXRange(visible);
-      return series->toPointSeriesWithResamplingMode(static_cast<VELResamplingMode>(mode), indices, 300,
-                                                     false, visible, resampler);
+}
+
+namespace {
+
+/// Writes down what it is told and may do as it likes meanwhile.
+struct Calculator : VELUserDefinedDistributionCalculator {
+  using Column = const VELArrayController&;
+  void tell(const char* event) {
+    told += event;
+    if (meddle) std::exchange(meddle, nullptr)();
+  }
+  void onAppendValueInArrayController(Column x, int64_t count, bool accepts) override {
+    tell("append ");
+    VELUserDefinedDistributionCalculator::onAppendValueInArrayController(x, count, accepts);
+  }
+  void onUpdateValueInArrayController(Column x, int64_t index, bool accepts) override {
+    tell("update ");
+    VELUserDefinedDistributionCalculator::onUpdateValueInArrayController(x, index, accepts);
+  }
+  void onInsertValueInArrayController(Column x, int64_t index, int64_t count, bool accepts) override {
+    tell("insert ");
+    VELUserDefinedDistributionCalculator::onInsertValueInArrayController(x, index, count, accepts);
+  }
+  void updateDataDistributionFlagsWhenRemovedXValues() override { tell("remove "); }
+  void clear() override {
+    tell("clear ");
+    VELUserDefinedDistributionCalculator::clear();
+  }
+  static inline std::string told;
+  std::function<void()> meddle;
+};
+
+}  // namespace
+
+TEST(DataSeries, AnInstalledCalculatorHearsOfEachChangeBeforeTheDisplaysDoButOfAClearAfterThem) {
+  const auto calculator = std::make_shared<Calculator>();
+  const auto series = seriesOf({1, 2}, {1, 2});
+  series->setDataDistributionCalculator(calculator);
+  series->setDataDistributionCalculator(nullptr);
+  bool refills = false;
+  series->setOnDataSeriesChanged([&] {
+    Calculator::told += "block ";
+    if (std::exchange(refills, false)) series->appendRangeX(Values{8, 7, 9}, Values{8, 7, 9});
+  });
+  const struct {
+    std::function<void()> change;
+    const char* told;
+    bool sorted;
+  } rows[] = {{[&] { series->appendX(3, 3); }, "append block ", true},
+              {[&] { series->updateAt(0, 0, 0); }, "update block ", true},
+              {[&] { series->insertAt(1, 1, 1); }, "insert block ", true},
+              {[&] { series->removeAt(1); }, "remove block ", true},
+              {[&] { series->updateAt(0, 9, 9); }, "update block ", false},
+              {[&] { series->clear(); }, "block clear ", true},
+              {[&] { refills = true, series->clear(); }, "block append block clear append ", false}};
+  for (const auto& row : rows) {
+    Calculator::told.clear();
+    row.change();
+    EXPECT_EQ(Calculator::told, row.told);
+    EXPECT_EQ(series->isSorted(), row.sorted) << row.told;
+  }
+  expectRange(series->getXRange(), {7, 9});
+  series->setDataDistributionCalculator(std::make_shared<VELDataDistributionCalculatorBase>());
+  EXPECT_THROW(series->updateAt(0, 1, 1), VELException) << "the base knows no rule";
+}
+
+// Under the address sanitizer: what is being told or read outlives what it does to the series.
+TEST(DataSeries, CalculatorsAndResamplersMayChangeTheSeriesThatCallsThem) {
+  auto ring = VELXyDataSeries::initFifoWithXType(kDouble, kDouble, 3);
+  const std::function<void()> changes[] = {[&] { ring->appendX(1, 1); }, [&] { ring->updateAt(0, 2, 2); },
+                                           [&] { ring->removeAt(0); }, [&] { ring->clear(); },
+                                           [&] { ring->setFifoCapacity(9); }};
+  for (const auto& change : changes) {
+    auto calculator = std::make_shared<Calculator>();
+    ring->setFifoCapacity(3);
+    ring->clear();
+    ring->appendX(1, 1);
+    calculator->meddle = [&] {
+      ring->setDataDistributionCalculator(std::make_shared<VELUserDefinedDistributionCalculator>());
+      ring->setFifoCapacity(4);
     };
-    // The holder lets go of last frame's points only when it has the new ones.
-    auto points = frame();
-    points = frame();
-    const double* const buffer = points->yValues()->doubleData();
-    const AllocationCounter allocations;
-    for (int i = 0; i < 4; ++i) points = frame();
-    EXPECT_EQ(allocations.count(), 0) << mode;
-    EXPECT_EQ(points->yValues()->doubleData(), buffer) << mode;
+    ring->setDataDistributionCalculator(std::move(calculator));
+    change();
+    EXPECT_TRUE(ring->isSorted() && ring->fifoCapacity() == 4) << &change - changes;
   }
+  ring->clear();
+  ring->appendX(1, 1);
+  struct Resampler : VELPointResampler {
+    explicit Resampler(std::shared_ptr<VELXyDataSeries>& toChange) : series(toChange) {}
+    PointSeriesPtr o_resampleWithoutReduction(const VELIndexRange& range, const VELArrayController& x,
+                                              const VELArrayController& y,
+                                              const PointSeriesPtr& last) override {
+      series->setFifoCapacity(5);
+      series.reset();
+      return VELPointResampler::o_resampleWithoutReduction(range, x, y, last);
+    }
+    std::shared_ptr<VELXyDataSeries>& series;
+  } resampler(ring);
+  VELXyDataSeries& alive = *ring;
+  const auto points = alive.toPointSeriesWithResamplingMode(VELResamplingMode_None, VELIndexRange(0, 9), 9,
+                                                            false, VELDoubleRange(0, 9), resampler);
+  EXPECT_EQ(points->count(), 1);
+}
+
+TEST(DataSeries, YRangesCoverTheColumnsBetweenWhichThePointsLie) {
+  VELXyyDataSeries band(VELDataType_Double, VELDataType_Double);
+  band.appendRangeX(Values{1, 2, 3}, Values{1, kNaN, 7}, Values{-5, 3, 2});
+  VELOhlcDataSeries prices(VELDataType_Double, VELDataType_Double);  // open above high, close below low
+  prices.appendRangeX(Values{1, 2, 3}, Values{50, 2, kNaN}, Values{10, 3, kNaN}, Values{1, 2, kNaN},
+                      Values{4, -3, kNaN});
+  VELXyzDataSeries bubbles(VELDataType_Double, VELDataType_Double);
+  bubbles.appendRangeX(Values{1, 2, 3}, Values{4, -1, 4}, Values{900, 900, 900});
+  const struct {
+    const VELDataSeries& series;
+    Ends all, positive, second;
+  } rows[] = {{band, {-5, 7}, {1, 7}, {3, 3}},
+              {prices, {-3, 50}, {1, 50}, {-3, 3}},
+              {bubbles, {-1, 4}, {4, 4}, {-1, -1}}};
+  for (const auto& row : rows) {
+    const VELDoubleRange visible(0.0, 9.0);
+    expectRange(row.series.getYRange(), row.all);
+    expectRange(row.series.getWindowYRangeWithXRange(visible), row.all);
+    expectRange(row.series.getWindowYRangeWithXRange(visible, true), row.positive);
+    expectRange(row.series.getWindowYRangeWithIndexRange(VELIndexRange(1, 1)), row.second);
+    EXPECT_EQ(row.series.getYMinAt(1, kInf), row.second.first);
+    EXPECT_EQ(row.series.getYMaxAt(1, -kInf), row.second.second);
+  }
+  VELOhlcDataSeries flat(VELDataType_Int32, VELDataType_Int32);
+  flat.appendX(1, 4, 4, 4, 4);
+  expectRange(flat.getYRange(), {4, 4});
+  EXPECT_EQ(prices.yType(), prices.closeType());
+  EXPECT_EQ(prices.yValues(), prices.closeValues());
+  EXPECT_EQ(band.yValues(), band.y1Values());
 }
 
 TEST(DataSeries, TwoDisplaysOfOneSeriesKeepTheirOwnPoints) {

@@ -24,24 +24,20 @@ struct Display : VELInvalidatableElement {
 
 TEST(DisplayList, DisplaysMayComeAndGoWhileTheyAreBeingTold) {
   VELDisplayList list;
-  auto leaving = std::make_shared<Display>();
-  auto late = std::make_shared<Display>();
-  auto dying = std::make_shared<Display>();
-  auto steady = std::make_shared<Display>();
+  auto leaving = std::make_shared<Display>(), late = std::make_shared<Display>(),
+       dying = std::make_shared<Display>(), steady = std::make_shared<Display>();
   for (const auto& display : {leaving, dying, steady, steady}) list.add(display);
   leaving->onTold = [&] {
     list.remove(leaving.get());
     list.add(late);
     dying.reset();
   };
-  list.invalidateAll();
-  EXPECT_EQ(leaving->told, 1);
-  EXPECT_EQ(steady->told, 1) << "listed twice, told once";
-  EXPECT_EQ(late->told, 0);
-  list.invalidateAll();
-  EXPECT_EQ(leaving->told, 1);
-  EXPECT_EQ(steady->told, 2);
-  EXPECT_EQ(late->told, 1);
+  for (int time = 1; time <= 2; ++time) {
+    list.invalidateAll();
+    EXPECT_EQ(leaving->told, 1);
+    EXPECT_EQ(steady->told, time) << "listed twice, told once";
+    EXPECT_EQ(late->told, time - 1);
+  }
   list.remove(nullptr);
   list.remove(late.get());
   steady.reset();
@@ -62,32 +58,24 @@ TEST(DisplayList, TheDeadAreForgottenThoughNobodyIsEverTold) {
 }
 
 TEST(DisplayList, WhoIsToldMayLetGoOfTheLastOwnerOfTheSeries) {
-  for (const bool byBlock : {true, false}) {
-    for (const bool clears : {true, false}) {
-      auto series = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
-      const std::weak_ptr<VELXyDataSeries> watched = series;
-      const auto first = std::make_shared<Display>();
-      const auto second = std::make_shared<Display>();
-      series->addDisplay(first);
-      series->addDisplay(second);
-      const auto letGo = [&series] { series.reset(); };
-      if (byBlock) series->setOnDataSeriesChanged(letGo);
-      if (!byBlock) first->onTold = letGo;
-      VELXyDataSeries& alive = *series;
-      if (clears) alive.clear();
-      if (!clears) alive.appendX(1.0, 1.0);
-      EXPECT_EQ(second->told, 1);
-      EXPECT_TRUE(watched.expired());
-    }
+  for (int way = 0; way < 4; ++way) {
+    auto series = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
+    const std::weak_ptr<VELXyDataSeries> watched = series;
+    const auto first = std::make_shared<Display>(), second = std::make_shared<Display>();
+    for (const auto& display : {first, second}) series->addDisplay(display);
+    const auto letGo = [&series] { series.reset(); };
+    way % 2 == 0 ? series->setOnDataSeriesChanged(letGo) : void(first->onTold = letGo);
+    VELXyDataSeries& alive = *series;
+    way < 2 ? alive.clear() : alive.appendX(1.0, 1.0);
+    EXPECT_EQ(second->told, 1) << way;
+    EXPECT_TRUE(watched.expired()) << way;
   }
 }
 
 TEST(DisplayList, ASeriesTellsItsBlockThenEveryDisplayWithoutAllocating) {
   VELXyDataSeries series(VELDataType_Double, VELDataType_Double);
-  const auto first = std::make_shared<Display>();
-  const auto second = std::make_shared<Display>();
-  series.addDisplay(first);
-  series.addDisplay(second);
+  const auto first = std::make_shared<Display>(), second = std::make_shared<Display>();
+  for (const auto& display : {first, second}) series.addDisplay(display);
   int toldByBlock = -1;
   series.setOnDataSeriesChanged([&] { toldByBlock = first->told; });
   series.appendX(1.0, 1.0);

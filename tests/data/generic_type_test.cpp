@@ -3,17 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cmath>
-#include <limits>
 #include <type_traits>
 
+#include "tests/data/columns.h"
 #include "velmora/data/element_converter.h"
 #include "velmora/data/element_type.h"
 
 namespace {
-
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 VELGenericType tagged(VELDataType type, const void* object) {
   return VEL_constructGenericTypeWithInfo(&object, type);
@@ -36,19 +32,14 @@ const Row rows[] = {
     {"truncated toward zero", -2.7, -2, -2, -2, -2, -2.7},
     {"date", VELDate(5.9), 5, 5, 5, 5, 5.9},
     {"saturates", 1e300, 127, 32767, INT32_MAX, INT64_MAX, 1e300},
-    {"saturates below", -infinity, -128, -32768, INT32_MIN, INT64_MIN, -infinity},
+    {"saturates below", -kInf, -128, -32768, INT32_MIN, INT64_MIN, -kInf},
     {"2^63 is beyond", 0x1p63, 127, 32767, INT32_MAX, INT64_MAX, 0x1p63},
-    {"NaN", notANumber, 0, 0, 0, 0, notANumber},
+    {"NaN", kNaN, 0, 0, 0, 0, kNaN},
     {"unsigned takes the wider type", 0xFFFFFFFFU, -1, -1, -1, 0xFFFFFFFF, 4294967295.0},
     {"a huge unsigned saturates", UINT64_MAX, -1, -1, -1, INT64_MAX, 0x1p63},
-    {"no number", VELGenericType(), 0, 0, 0, 0, notANumber},
-    {"a pointer is no number", tagged(VELDataType_Object, &notANumber), 0, 0, 0, 0, notANumber},
+    {"no number", VELGenericType(), 0, 0, 0, 0, kNaN},
+    {"a pointer is no number", tagged(VELDataType_Object, &kNaN), 0, 0, 0, 0, kNaN},
 };
-
-void expectSame(double expected, double actual) {
-  EXPECT_TRUE(actual == expected || (std::isnan(actual) && std::isnan(expected)))
-      << actual << " " << expected;
-}
 
 }  // namespace
 
@@ -59,9 +50,8 @@ TEST(GenericType, EveryTagReadsAsEveryNumber) {
     EXPECT_EQ(VELGenericShort(row.value), row.asShort);
     EXPECT_EQ(VELGenericInt(row.value), row.asInt);
     EXPECT_EQ(VELGenericLong(row.value), row.asLong);
-    expectSame(row.asDouble, VELGenericDouble(row.value));
-    expectSame(static_cast<double>(static_cast<float>(row.asDouble)),
-               static_cast<double>(VELGenericFloat(row.value)));
+    EXPECT_TRUE(same(VELGenericDouble(row.value), row.asDouble));
+    EXPECT_TRUE(same(VELGenericFloat(row.value), static_cast<float>(row.asDouble)));
   }
 }
 
@@ -80,9 +70,8 @@ TEST(GenericType, AnExplicitTagReadsItsWidthAndClearsTheRest) {
 TEST(GenericType, DatesComeFromSecondsButNotFromCounters) {
   EXPECT_EQ(VELGenericDate(7), VELDate(7.0));
   EXPECT_EQ(VELGenericDate(7.5F), VELDate(7.5));
-  for (const VELGenericType none :
-       {VELGenericType(int64_t{7}), VELGenericType(int8_t{7}), VELGenericType(notANumber),
-        VELGenericType(VELDate(notANumber)), VELGenericType()}) {
+  for (const VELGenericType none : {VELGenericType(int64_t{7}), VELGenericType(int8_t{7}),
+                                    VELGenericType(kNaN), VELGenericType(VELDate(kNaN)), VELGenericType()}) {
     EXPECT_FALSE(VELGenericDate(none).has_value()) << VELGenericDescription(none);
   }
 }
@@ -133,8 +122,8 @@ TEST(GenericType, ComparisonFollowsTheTagsInTheirOrder) {
                {1.0, 1.0 + 2.220446049250313e-16, 1},
                {1.0, 1.0 + 4.5e-16, 2},
                {-0.0, 0.0, 1},
-               {notANumber, notANumber, 0},
-               {infinity, infinity, 0},
+               {kNaN, kNaN, 0},
+               {kInf, kInf, 0},
                {object, object, 1},
                {object, tagged(VELDataType_Array, &big), 0},
                {VELGenericType(), VELGenericType(), 1}};
@@ -152,7 +141,7 @@ TEST(ElementConverter, EveryElementReadsAsItsGenericValueWould) {
         static_cast<VELDataType>(tag < 8 ? tag : std::array{4, 1, 2, 3, 5, 6}[static_cast<size_t>(tag - 9)]);
     VELVisitElementType(scalar, [&](auto element) {
       using T = typename decltype(element)::type;
-      for (const double number : {0.0, -2.7, 100.0, -129.0, 1e30, notANumber}) {
+      for (const double number : {0.0, -2.7, 100.0, -129.0, 1e30, kNaN}) {
         T stored{};
         if constexpr (std::is_integral_v<T>) stored = VELSaturate<T>(number);
         if constexpr (!std::is_integral_v<T>) stored = static_cast<T>(number);
@@ -161,9 +150,8 @@ TEST(ElementConverter, EveryElementReadsAsItsGenericValueWould) {
         EXPECT_EQ(VEL_GetInt16ConverterFunction(type)(&stored), VELGenericShort(value));
         EXPECT_EQ(VEL_GetInt32ConverterFunction(type)(&stored), VELGenericInt(value));
         EXPECT_EQ(VEL_GetInt64ConverterFunction(type)(&stored), VELGenericLong(value));
-        expectSame(VELGenericDouble(value), VEL_GetDoubleConverterFunction(type)(&stored));
-        expectSame(static_cast<double>(VELGenericFloat(value)),
-                   static_cast<double>(VEL_GetFloatConverterFunction(type)(&stored)));
+        EXPECT_TRUE(same(VEL_GetDoubleConverterFunction(type)(&stored), VELGenericDouble(value)));
+        EXPECT_TRUE(same(VEL_GetFloatConverterFunction(type)(&stored), VELGenericFloat(value)));
         if (type == VELDataType_DateTime) continue;
         EXPECT_EQ(p_VEL_getGenericConverter(type)(&stored).type, VELElementTypeOf<T>());
       }

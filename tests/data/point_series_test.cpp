@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "tests/data/columns.h"
 #include "velmora/data/array_controller_fifo.h"
 #include "velmora/data/ranges.h"

@@ -1,15 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
-
 #include "tests/data/columns.h"
 #include "velmora/data/ranges.h"
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double largest = std::numeric_limits<double>::max();
 
 enum class Kind { Double, Float, Integer, Index, Date };
@@ -36,7 +31,6 @@ void expectBounds(const VELRange& range, double min, double max) {
   // Single precision: the expectation is rounded as the class rounds, nothing is tolerated beyond it.
   const bool single = range.min().type == VELDataType_Float;
   const auto rounded = [single](double v) { return single ? static_cast<double>(static_cast<float>(v)) : v; };
-  const auto same = [](double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); };
   EXPECT_TRUE(same(range.minAsDouble(), rounded(min)) && same(range.maxAsDouble(), rounded(max)))
       << range << ", expected " << min << " to " << max;
 }
@@ -63,11 +57,11 @@ TEST(Range, ANewRangeIsInvertedAndUndefined) {
               std::string("-[") + range->className() +
                   " assertMinLessOrEqualToThanMax] Min should not be greater than Max");
     const VELRange& same = *range;
-    const VELRangePtr undefined = VELRangeFactory::getRangeWithRangeType(typeid(same), notANumber, 1);
+    const VELRangePtr undefined = VELRangeFactory::getRangeWithRangeType(typeid(same), kNaN, 1);
     EXPECT_TRUE(undefined->equals(range)) << *undefined;
     EXPECT_TRUE(range->clone()->equals(range));
   }
-  EXPECT_EQ(reasonOf([] { VELDoubleRange(notANumber, 1).assertMinLessOrEqualToThanMax(); }), "");
+  EXPECT_EQ(reasonOf([] { VELDoubleRange(kNaN, 1).assertMinLessOrEqualToThanMax(); }), "");
 }
 
 // One epsilon must not be lost on large values; a reversed date range has no extent.
@@ -79,15 +73,15 @@ TEST(Range, DefinedAndZeroMeanWhatEachClassCounts) {
   } cases[] = {{5, 5, Double, true, true},
                {1e300, 1e300, Double, true, true},
                {1e9 + 1, 1e9, Double, false, false},
-               {notANumber, 5, Double, false, false},
-               {-infinity, infinity, Double, true, false},
+               {kNaN, 5, Double, false, false},
+               {-kInf, kInf, Double, true, false},
                {1e10, 1e10, Float, true, true},
                {1, 1 + 1e-7, Float, true, true},
                {3, 3, Integer, false, true},
                {3, 3, Index, false, true},
                {-1, 3, Index, false, false},
                {9, 7, Date, false, true},
-               {notANumber, 7, Date, false, false}};
+               {kNaN, 7, Date, false, false}};
   for (const auto& row : cases) {
     const VELRangePtr range = make(row.kind, row.min, row.max);
     EXPECT_EQ(range->isDefined(), row.defined) << *range;
@@ -99,7 +93,7 @@ TEST(Range, BoundsAreConvertedAndTaggedByTheClass) {
   EXPECT_EQ(VELIntegerRange(2.9, -2.9).diff().data.int32Value, -4);
   EXPECT_EQ(VELGenericInt(VELIntegerRange(INT32_MIN, INT32_MAX).diff()), -1);  // wraps
   EXPECT_TRUE(std::isnan(VELDateRange(int64_t{1}, 2).minAsDouble()));          // a counter is no date
-  expectBounds(VELIndexRange(1e10, notANumber), INT32_MAX, 0);
+  expectBounds(VELIndexRange(1e10, kNaN), INT32_MAX, 0);
   expectBounds(*VELDateRange(9, 3).asDoubleRange(), 3, 9);
 }
 
@@ -133,7 +127,7 @@ TEST(Range, GrowingWidensByFractionsOfTheSpan) {
                {Index, 0, 10, -1, -1, 0, 10},
                {Integer, 0, 10, -1, -1, 10, 0},
                {Integer, 0, 2000000000, 1e9, 1e9, INT32_MIN, INT32_MAX},
-               {Integer, 1, 9, notANumber, 1, 1, 17}};
+               {Integer, 1, 9, kNaN, 1, 1, 17}};
   for (const auto& row : cases) {
     const VELRangePtr range = make(row.kind, row.min, row.max);
     SCOPED_TRACE(range->description());
@@ -172,14 +166,14 @@ TEST(Range, ClippingStaysInsideTheLimit) {
       expectBounds(range->clipTo(*make(kind, row.limitMin, row.limitMax)), row.newMin, row.newMax);
     }
   }
-  expectBounds(VELDoubleRange(notANumber, 5).clipTo(VELDoubleRange(0, 10)), 0, 5);
+  expectBounds(VELDoubleRange(kNaN, 5).clipTo(VELDoubleRange(0, 10)), 0, 5);
 }
 
 TEST(Range, BothEndsAreWithinAndNaNNeverIs) {
   for (const Kind kind : allKinds) {
     const VELRangePtr range = make(kind, 0, 3);
     for (const double inside : {0.0, 1.0, 3.0}) EXPECT_TRUE(range->isValueWithinTheRange(inside)) << *range;
-    for (const double outside : {-0.5, 3.5, 0x1p40, 4294967296.0, infinity, notANumber}) {
+    for (const double outside : {-0.5, 3.5, 0x1p40, 4294967296.0, kInf, kNaN}) {
       EXPECT_FALSE(range->isValueWithinTheRange(outside)) << *range << " " << outside;
     }
     EXPECT_FALSE(range->isValueWithinTheRange(int64_t{0x100000001}));
@@ -195,12 +189,12 @@ TEST(Range, EqualityNeedsTheClassAndTheBounds) {
     EXPECT_FALSE(make(kind, 1, 2)->equals(make(kind, 1, 3)));
     EXPECT_FALSE(make(kind, 1, 2)->equals(nullptr));
   }
-  const VELDoubleRange unknown(notANumber, 1);
+  const VELDoubleRange unknown(kNaN, 1);
   EXPECT_TRUE(unknown.equals(unknown));
   EXPECT_FALSE(unknown.equals(*unknown.clone()));
   EXPECT_FALSE(VELDoubleRange(0, 1).equals(VELDoubleRange(0, std::nextafter(1.0, 2.0))));
   EXPECT_TRUE(VELDateRange(0, 1).equals(VELDateRange(0, std::nextafter(1.0, 2.0))));
-  EXPECT_TRUE(VELDateRange(-infinity, infinity).equals(VELDateRange(-infinity, infinity)));
+  EXPECT_TRUE(VELDateRange(-kInf, kInf).equals(VELDateRange(-kInf, kInf)));
 }
 
 TEST(Range, AUnionCoversBothAndStartsFromAnUndefinedOne) {
@@ -211,9 +205,9 @@ TEST(Range, AUnionCoversBothAndStartsFromAnUndefinedOne) {
     expectBounds(*joined->unionWith(*make(kind, -4, 1)), -4, 2);
   }
   for (const Kind kind : {Double, Float, Date}) {
-    expectBounds(*make(kind, notANumber, 3)->unionWith(*make(kind, 1, notANumber)), 1, 3);
+    expectBounds(*make(kind, kNaN, 3)->unionWith(*make(kind, 1, kNaN)), 1, 3);
   }
-  expectBounds(*VELDoubleRange(notANumber, 3).unionWith(VELDoubleRange(notANumber, 4)), largest, -largest);
+  expectBounds(*VELDoubleRange(kNaN, 3).unionWith(VELDoubleRange(kNaN, 4)), largest, -largest);
 }
 
 TEST(RangeFactory, DataTypesAndClassesPickTheRange) {

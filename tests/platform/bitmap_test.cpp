@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 #include "velmora/platform/file_replacement.h"
 
@@ -61,10 +62,9 @@ std::vector<uint8_t> bytes(std::string_view text) { return {text.begin(), text.e
 
 VELBitmap noise(int32_t width, int32_t height) {
   VELBitmap bitmap(width, height);
-  uint32_t state = 1;
-  for (uint8_t& byte : bitmap.pixels())
-    byte = static_cast<uint8_t>((state = state * 1664525u + 1013904223u) >> 24);
-  for (size_t i = 3; i < bitmap.pixels().size(); i += 4) bitmap.pixels()[i] = 255;
+  std::mt19937 random(1);
+  for (size_t i = 0; i < bitmap.pixels().size(); ++i)
+    bitmap.pixels()[i] = i % 4 == 3 ? uint8_t{255} : static_cast<uint8_t>(random());
   return bitmap;
 }
 

@@ -5,7 +5,7 @@
 
 #include <limits>
 
-TEST(Color, TheCodeHoldsTruncatedBytesWithRedLowest) {
+TEST(Color, TheCodeHoldsTruncatedBytesWithRedLowestAndComesBackFromAColor) {
   constexpr double kInf = std::numeric_limits<double>::infinity();
   constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
   const struct {
@@ -20,14 +20,10 @@ TEST(Color, TheCodeHoldsTruncatedBytesWithRedLowest) {
       {{-kInf, 0.0, 0.0, 1.0}, 0xFF000000u},
       {{256.0 / 255.0, 0.0, 0.0, 0.0}, 0u},
       {{-0.0, -0.0, -0.0, 1.0}, 0xFF000000u},
-      {VELColor::fromColorCode(0xFF50A0F0u), 0xFF50A0F0u},
       {VELColor::fromBytes(0xF0, 0xA0, 0x50), 0xFF50A0F0u},
   };
   for (const auto& row : rows) EXPECT_EQ(row.color.colorCode(), row.code) << std::hex << row.code;
-  EXPECT_NO_FATAL_FAILURE((void)VELColor(kInf, 1e300, -1e300, kNaN).colorCode());
-}
-
-TEST(Color, EveryByteComesBackFromAColor) {
+  (void)VELColor(kInf, 1e300, -1e300, kNaN).colorCode();  // undefined behaviour would ring here
   for (uint32_t byte = 0; byte < 256; ++byte) {
     const uint32_t code = byte | (255 - byte) << 8 | byte << 16 | (255 - byte) << 24;
     EXPECT_EQ(VELColor::fromColorCode(code).colorCode(), code);

@@ -3,13 +3,17 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstdlib>
 #include <functional>
+#include <iostream>
 #include <limits>
 #include <string>
 
 #include "velmora/platform/calendar.h"
 #include "velmora/platform/date_formatter.h"
 #include "velmora/platform/exception.h"
+#include "velmora/platform/locale.h"
 
 namespace {
 
@@ -38,6 +42,8 @@ TEST(DateFormatter, DatesReadAsInTheirPlaceAndPattern) {
   } rows[] = {
       {"yyyy-MM-dd HH:mm", "en_US", "Europe/Berlin", kLeapDay2024, "2024-02-29 01:00"},
       {"dd MMM", "de", "UTC", kLeapDay2024, "29 Feb."},
+      {"yyyy", "th_TH", "UTC", kLeapDay2024, "2024"},  // where people count from another year
+      {"e", "en_US", "UTC", kLeapDay2024, "5"},        // a Thursday; weeks begin on Sunday
       {"yyyy-MM-dd", "en_US", "UTC", -0.5, "1969-12-31"},
       {"yyyy-MM-dd", "en_US", "UTC", -12219724800.0, "1582-10-10"},  // a day that the old calendars left out
       {"yyyy", "en_US", "UTC", kNaN, ""},
@@ -50,17 +56,62 @@ TEST(DateFormatter, DatesReadAsInTheirPlaceAndPattern) {
     EXPECT_FALSE(VELDateFormatter().stringFromDate(VELDate(far)).empty()) << far;
 }
 
-TEST(DateFormatter, AWrongPatternZoneOrLocaleIsNamedAndTheOldOneStays) {
-  VELDateFormatter formatter("yyyy", "en_US", "Asia/Tokyo");
+TEST(DateFormatter, FollowsItsSettersAndAWrongPatternZoneOrLocaleIsNamedAndTheOldOneStays) {
+  VELDateFormatter formatter("HH MMM", "en_US", "Asia/Tokyo");
+  const auto text = [&] { return formatter.stringFromDate(VELDate(kLeapDay2024)); };
   expectNamed("yyyy nn", [&] { formatter.setPattern("yyyy nn"); });
-  expectNamed("Mars/Phobos", [&] { formatter.setTimeZone("Mars/Phobos"); });
-  expectNamed("xx", [] { VELDateFormatter("yyyy", "xx"); });
-  EXPECT_EQ(formatter.stringFromDate(VELDate(0.0)), "1970");
-  EXPECT_EQ(formatter.timeZone(), "Asia/Tokyo");
+  for (const char* zone : {"Mars/Phobos", "Etc/Unknown", ""})
+    expectNamed(zone, [&] { formatter.setTimeZone(zone); });
+  for (const char* locale : {"xx", ""}) expectNamed(locale, [&] { formatter.setLocale(locale); });
+  EXPECT_EQ(text(), "09 Feb");
+  formatter.setLocale("fr");
+  formatter.setTimeZone("Europe/Berlin");
+  EXPECT_EQ(text(), "01 févr.");
   formatter.setPattern("");
-  EXPECT_EQ(formatter.stringFromDate(VELDate(0.0)), "");
-  formatter.setPattern("HH");
-  EXPECT_EQ(formatter.stringFromDate(VELDate(0.0)), "09");
+  EXPECT_EQ(text(), "");
+  expectNamed("xx", [] { VELDateFormatter("yyyy", "xx"); });
+}
+
+TEST(ProcessHabitsDeathTest, TimeZoneAndLocaleComeFromTheEnvironmentUnlessTheyAreUnknown) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // a fresh process, which has asked for no zone yet
+  const std::array<std::string, 5> rows[] = {
+      // TZ, LC_ALL, LC_TIME, LANG, what comes of them
+      {"Asia/Tokyo", "", "de_DE.UTF-8", "fr_FR", "Asia/Tokyo de_DE"},
+      {"Mars/Phobos", "pt-BR", "de_DE", "fr_FR", "UTC pt_BR"},
+      {"", "", "", "C.UTF-8", "UTC en_US"},
+      {":Europe/Berlin", "POSIX", "de_DE", "", "Europe/Berlin en_US"},
+      {"UTC", "", "", "klingon", "UTC en_US"},
+  };
+  for (const auto& row : rows)
+    EXPECT_EXIT(
+        {
+          size_t at = 0;
+          for (const char* name : {"TZ", "LC_ALL", "LC_TIME", "LANG"}) setenv(name, row[at++].c_str(), 1);
+          std::cerr << VELCalendar::current()->timeZone() << ' ' << VELCurrentLocale();
+          std::exit(VELCalendar::current() == VELCalendar::current() ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), row[4]);
+}
+
+TEST(Calendar, AnHourThatIsSkippedIsTheOneAfterAndOneThatComesTwiceTheFirst) {
+  const VELCalendar berlin("Europe/Berlin");
+  const auto at = [&](int32_t month, int32_t day, int32_t hour) {
+    return berlin.dateFromComponents({2024, month, day, hour, 30}).timeIntervalSince1970();
+  };
+  EXPECT_EQ(at(3, 31, 2), at(3, 31, 3));
+  EXPECT_EQ(at(3, 31, 3), at(3, 31, 1) + 3600.0);
+  EXPECT_EQ(at(10, 27, 2), at(10, 27, 1) + 3600.0);
+  EXPECT_EQ(at(10, 27, 3), at(10, 27, 2) + 7200.0);
+  EXPECT_EQ(at(10, 27, 2), 1729989000.0);
+}
+
+TEST(Calendar, ASecondStaysBelowSixty) {
+  const VELCalendar calendar, monrovia("Africa/Monrovia");  // on clocks 44 minutes and 30 seconds behind
+  for (const double justBefore : {-1e-300, -1e-17, -1e-15, -1e-9}) {
+    EXPECT_LT(calendar.componentsFromDate(VELDate(justBefore))->second, 60.0) << justBefore;
+    EXPECT_LT(monrovia.componentsFromDate(VELDate(justBefore))->second, 30.0) << justBefore;
+  }
+  EXPECT_EQ(calendar.componentsFromDate(VELDate(-0.25))->second, 59.75);
 }
 
 TEST(Calendar, DatesBeyondAllYearsDoNoHarm) {
@@ -73,6 +124,5 @@ TEST(Calendar, DatesBeyondAllYearsDoNoHarm) {
     const VELDate date = calendar.dateFromComponents({part, part, part, part, part, kInf});
     EXPECT_TRUE(calendar.componentsFromDate(date)) << part;
   }
-  expectNamed("Nowhere", [] { VELCalendar("Nowhere"); });
-  expectNamed("", [] { VELCalendar(""); });
+  for (const char* zone : {"Nowhere", ""}) expectNamed(zone, [&] { VELCalendar{std::string(zone)}; });
 }

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr double kQuarter = std::numbers::pi / 2.0;
-constexpr uint32_t kRed = 0xFF0000FFu, kGreen = 0xFF00FF00u, kWhite = 0xFFFFFFFFu;
+constexpr uint32_t kRed = 0xFF0000FFu, kGreen = 0xFF00FF00u, kWhite = 0xFFFFFFFFu, kBlack = 0xFF000000u;
 
 /// A view with a layer whose upper half is red and whose lower half is green.
 class LayerView : public VELView {
@@ -27,12 +27,11 @@ class LayerView : public VELView {
     layer.allocate(width, height);
     layer.attachToFramebuffer();
     gl.enable(VELGL_SCISSOR_TEST);
-    gl.scissor(0, 0, width, height / 2);
-    gl.clearColor(0.0f, 1.0f, 0.0f, 1.0f);
-    gl.clear(VELGL_COLOR_BUFFER_BIT);
-    gl.scissor(0, height / 2, width, height);
-    gl.clearColor(1.0f, 0.0f, 0.0f, 1.0f);
-    gl.clear(VELGL_COLOR_BUFFER_BIT);
+    for (const bool isUpper : {false, true}) {
+      gl.scissor(0, isUpper ? height / 2 : 0, width, height / 2);
+      gl.clearColor(isUpper ? 1.0f : 0.0f, isUpper ? 0.0f : 1.0f, 0.0f, 1.0f);
+      gl.clear(VELGL_COLOR_BUFFER_BIT);
+    }
     gl.deleteFramebuffer(framebuffer);
   }
   void compose(VELComposer& composer, const VELRect& frameInRoot) override {
@@ -41,36 +40,43 @@ class LayerView : public VELView {
   VELGLLayer layer;
 };
 
-std::shared_ptr<VELOffscreenHost> makeHost(double scale, const VELSize& size = {120.0, 60.0}) {
-  std::string failure;
-  auto host = VELOffscreenHost::create(size, scale, &failure);
-  EXPECT_TRUE(host) << failure;
-  if (host) host->glContext()->makeCurrent();
-  return host;
-}
+class GLComposer : public testing::Test {
+ protected:
+  void SetUp() override { create(2.0); }
+  void TearDown() override { EXPECT_EQ(host->glContext()->gl().getError(), VELGL_NO_ERROR); }
+  void create(double scale) {
+    std::string failure;
+    host = VELOffscreenHost::create({120.0, 60.0}, scale, &failure);
+    ASSERT_TRUE(host) << failure;
+    host->glContext()->makeCurrent();
+  }
+  std::shared_ptr<VELLabelView> addLabel(const std::string& text, VELPoint centre, double turn = 0.0) {
+    auto label = std::make_shared<VELLabelView>(VELRect{centre.x, centre.y, 0.0, 0.0});
+    label->setText(text);
+    label->setTransform(VELAffineTransform::rotation(turn));
+    label->sizeToFit();
+    host->rootView()->addSubview(label);
+    return label;
+  }
+  std::shared_ptr<LayerView> addLayer(const VELRect& frame, int32_t width, int32_t height) {
+    auto view = std::make_shared<LayerView>(frame, host->glContext(), width, height);
+    host->rootView()->addSubview(view);
+    return view;
+  }
 
-std::shared_ptr<VELLabelView> addLabel(VELOffscreenHost& host, const std::string& text, VELPoint centre,
-                                       double turn = 0.0) {
-  auto label = std::make_shared<VELLabelView>(VELRect{centre.x, centre.y, 0.0, 0.0});
-  label->setText(text);
-  label->setTransform(VELAffineTransform::rotation(turn));
-  label->sizeToFit();
-  host.rootView()->addSubview(label);
-  return label;
-}
+  std::shared_ptr<VELOffscreenHost> host;
+};
 
 /// Where a mask's pixel lies after so many quarters clockwise.
 std::pair<int32_t, int32_t> turned(int32_t x, int32_t y, const VELTextMask& mask, int quarters) {
-  switch (quarters & 3) {
-    case 1:
-      return {mask.height - 1 - y, x};
-    case 2:
-      return {mask.width - 1 - x, mask.height - 1 - y};
-    case 3:
-      return {y, mask.width - 1 - x};
-    default:
-      return {x, y};
-  }
+  const int32_t right = mask.width - 1 - x, below = mask.height - 1 - y;
+  const std::pair<int32_t, int32_t> places[] = {{x, y}, {below, x}, {right, below}, {y, right}};
+  return places[quarters & 3];
+}
+
+void expectPixels(const VELBitmap& picture, uint32_t code,
+                  std::initializer_list<std::pair<int32_t, int32_t>> places) {
+  for (const auto& [x, y] : places) EXPECT_EQ(picture.colorCodeAt(x, y), code) << x << ", " << y;
 }
 
 /// Black text on white: every pixel is 255 minus the coverage. The tolerance is the blender's rounding.
@@ -94,66 +100,47 @@ void expectText(const VELBitmap& picture, const std::string& text, VELPoint cent
 
 }  // namespace
 
-TEST(GLComposer, ATextKeepsItsOwnPixelsAtEveryScaleAndQuarterWhereverItIsCentred) {
+TEST_F(GLComposer, ATextKeepsItsOwnPixelsAtEveryScaleAndQuarterWhereverItIsCentred) {
   for (const double scale : {1.0, 1.5, 2.0})
     for (int quarters = -1; quarters < 3; ++quarters)
       for (const VELPoint centre : {VELPoint{60.0, 30.0}, {59.37, 30.81}}) {
-        const auto host = makeHost(scale);
-        ASSERT_TRUE(host);
+        create(scale);
         host->setBackgroundColor(VELColor::fromColorCode(kWhite));
-        addLabel(*host, "1,234.5", centre, quarters * kQuarter);
+        addLabel("1,234.5", centre, quarters * kQuarter);
         SCOPED_TRACE(testing::Message() << scale << " " << quarters);
         expectText(host->picture(), "1,234.5", {centre.x * scale, centre.y * scale}, scale, quarters);
       }
 }
 
-TEST(GLComposer, ALayerShowsItsPixelsUprightAtItsFrameAndALabelAboveIt) {
-  const auto host = makeHost(2.0);
-  ASSERT_TRUE(host);
-  const auto view = std::make_shared<LayerView>(VELRect{10.0, 10.0, 50.0, 40.0}, host->glContext(), 100, 80);
-  host->rootView()->addSubview(view);
-  EXPECT_EQ(host->picture().colorCodeAt(60, 60), 0xFF000000u) << "nothing presented, nothing to show";
+TEST_F(GLComposer, ALayerShowsItsPixelsUprightAtItsFrameAndALabelAboveIt) {
+  const auto view = addLayer({10.0, 10.0, 50.0, 40.0}, 100, 80);
+  EXPECT_EQ(host->picture().colorCodeAt(60, 60), kBlack) << "nothing presented, nothing to show";
   view->layer.present();
-  addLabel(*host, "▪", {35.0, 20.0})->setTextColor(VELColor(0.0, 0.0, 1.0, 0.5));
+  addLabel("▪", {35.0, 20.0})->setTextColor(VELColor(0.0, 0.0, 1.0, 0.5));
   const VELBitmap picture = host->picture();
   EXPECT_TRUE(picture.isOpaque());
-  const struct {
-    int32_t x, y;
-    uint32_t code;
-  } rows[] = {{20, 20, kRed},         {119, 20, kRed},       {20, 59, kRed},
-              {20, 60, kGreen},       {119, 99, kGreen},     {19, 20, 0xFF000000u},
-              {120, 20, 0xFF000000u}, {20, 19, 0xFF000000u}, {20, 100, 0xFF000000u}};
-  for (const auto& row : rows)
-    EXPECT_EQ(picture.colorCodeAt(row.x, row.y), row.code) << row.x << ", " << row.y;
+  expectPixels(picture, kRed, {{20, 20}, {119, 20}, {20, 59}});
+  expectPixels(picture, kGreen, {{20, 60}, {119, 99}});
+  expectPixels(picture, kBlack, {{19, 20}, {120, 20}, {20, 19}, {20, 100}});
   // Alpha 0.5 is the byte 127: half of the red stays below the full coverage of the square.
   bool isMixed = false;
   for (int32_t x = 60; x < 80; ++x) isMixed |= picture.colorCodeAt(x, 42) == 0xFF7F0080u;
   EXPECT_TRUE(isMixed);
 }
 
-TEST(GLComposer, ALayerOfAnotherSizeIsStretchedAndOneCutToWholePointsIsNot) {
-  const auto host = makeHost(2.0);
-  ASSERT_TRUE(host);
-  const auto stretched = std::make_shared<LayerView>(VELRect{0, 0, 40, 40}, host->glContext(), 8, 8);
-  const auto cut = std::make_shared<LayerView>(VELRect{50, 0, 40.7, 40.7}, host->glContext(), 80, 80);
-  for (const auto& view : {stretched, cut}) {
-    view->layer.present();
-    host->rootView()->addSubview(view);
-  }
+TEST_F(GLComposer, ALayerOfAnotherSizeIsStretchedAndOneCutToWholePointsIsNot) {
+  addLayer({0, 0, 40, 40}, 8, 8)->layer.present();
+  addLayer({50, 0, 40.7, 40.7}, 80, 80)->layer.present();
   const VELBitmap picture = host->picture();
-  EXPECT_EQ(picture.colorCodeAt(79, 79), kGreen);
-  EXPECT_EQ(picture.colorCodeAt(79, 0), kRed);
+  expectPixels(picture, kRed, {{79, 0}, {100, 39}});
+  expectPixels(picture, kGreen, {{79, 79}, {100, 40}});
+  expectPixels(picture, kBlack, {{180, 40}});  // what was cut off stays empty
   EXPECT_NE(picture.colorCodeAt(0, 39), picture.colorCodeAt(0, 36)) << "stretched, the halves fade over";
-  EXPECT_EQ(picture.colorCodeAt(100, 39), kRed);
-  EXPECT_EQ(picture.colorCodeAt(100, 40), kGreen);
-  EXPECT_EQ(picture.colorCodeAt(180, 40), 0xFF000000u) << "what was cut off stays empty";
 }
 
-TEST(GLComposer, AnUnchangedLabelIsNeverRasterisedTwice) {
-  const auto host = makeHost(2.0);
-  ASSERT_TRUE(host);
-  const auto label = addLabel(*host, "0.25", {30.0, 30.0});
-  addLabel(*host, "0.25", {90.0, 30.0}, kQuarter);
+TEST_F(GLComposer, AnUnchangedLabelIsNeverRasterisedTwice) {
+  const auto label = addLabel("0.25", {30.0, 30.0});
+  addLabel("0.25", {90.0, 30.0}, kQuarter);
   VELTextTextureCache& cache = host->composer().textCache();
   const VELBitmap first = host->picture();
   EXPECT_EQ(cache.rasterised(), 1u) << "a turned label shares the texture";
@@ -168,11 +155,9 @@ TEST(GLComposer, AnUnchangedLabelIsNeverRasterisedTwice) {
   EXPECT_EQ(cache.rasterised(), 2u);
 }
 
-TEST(GLComposer, ACacheTooSmallForAFrameStillGivesTheWholeFrame) {
-  const auto host = makeHost(2.0);
-  ASSERT_TRUE(host);
+TEST_F(GLComposer, ACacheTooSmallForAFrameStillGivesTheWholeFrame) {
   host->setBackgroundColor(VELColor::fromColorCode(kWhite));
-  for (int i = 0; i < 5; ++i) addLabel(*host, std::to_string(i), {10.0 + 20.0 * i, 30.0});
+  for (int i = 0; i < 5; ++i) addLabel(std::to_string(i), {10.0 + 20.0 * i, 30.0});
   const VELBitmap whole = host->picture();
   host->composer().textCache().setByteLimit(0);
   EXPECT_EQ(host->picture(), whole);
@@ -180,13 +165,9 @@ TEST(GLComposer, ACacheTooSmallForAFrameStillGivesTheWholeFrame) {
   EXPECT_EQ(host->composer().textCache().count(), 0u);
 }
 
-TEST(GLComposer, WhateverStateGLWasLeftInThePictureIsTheSame) {
-  const auto host = makeHost(1.0);
-  ASSERT_TRUE(host);
-  const auto view = std::make_shared<LayerView>(VELRect{10, 10, 50, 40}, host->glContext(), 50, 40);
-  view->layer.present();
-  host->rootView()->addSubview(view);
-  addLabel(*host, "0.25", {30.0, 30.0});
+TEST_F(GLComposer, WhateverStateGLWasLeftInThePictureIsTheSame) {
+  addLayer({10, 10, 50, 40}, 50, 40)->layer.present();
+  addLabel("0.25", {30.0, 30.0});
   const VELBitmap expected = host->picture();
   VELGL& gl = host->glContext()->gl();
   gl.enable(VELGL_SCISSOR_TEST);
@@ -200,27 +181,22 @@ TEST(GLComposer, WhateverStateGLWasLeftInThePictureIsTheSame) {
   gl.bindBuffer(VELGL_ARRAY_BUFFER, 0);
   gl.useProgram(0);
   EXPECT_EQ(host->picture(), expected);
-  EXPECT_EQ(gl.getError(), VELGL_NO_ERROR);
 }
 
-TEST(GLComposer, FramesTurnsAndColoursThatShowNothingDoNoHarm) {
+TEST_F(GLComposer, FramesTurnsAndColoursThatShowNothingDoNoHarm) {
   constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
   constexpr double kInf = std::numeric_limits<double>::infinity();
-  const auto host = makeHost(1.0);
-  ASSERT_TRUE(host);
   const VELBitmap empty = host->picture();
   for (const VELRect& frame :
        {VELRect{kNaN, 0, 9, 9}, {kInf, 0, 9, 9}, {0, 0, -kInf, 9}, {1e300, 1e300, 9, 9}}) {
-    addLabel(*host, "x", {})->setFrame(frame);
-    const auto view = std::make_shared<LayerView>(frame, host->glContext(), 4, 4);
-    view->layer.present();
-    host->rootView()->addSubview(view);
+    addLabel("x", {})->setFrame(frame);
+    addLayer(frame, 4, 4)->layer.present();
   }
   for (const VELAffineTransform& turn :
        {VELAffineTransform::zero(), {kNaN, 0, 0, 1, 0, 0}, {1, 0, 0, 1, kInf, 0}, {1e300, 0, 0, 1e300, 0, 0}})
-    addLabel(*host, "x", {30.0, 30.0})->setTransform(turn);
-  addLabel(*host, "x", {30.0, 30.0})->setTextColor(VELColor(1.0, 1.0, 1.0, 0.0));
-  addLabel(*host, "", {30.0, 30.0});
+    addLabel("x", {30.0, 30.0})->setTransform(turn);
+  addLabel("x", {30.0, 30.0})->setTextColor(VELColor(1.0, 1.0, 1.0, 0.0));
+  addLabel("", {30.0, 30.0});
   EXPECT_EQ(host->picture(), empty);
   EXPECT_EQ(host->glContext()->gl().getError(), VELGL_NO_ERROR);
 }

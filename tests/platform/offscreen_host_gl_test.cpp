@@ -9,13 +9,10 @@
 
 namespace {
 
-class LoggingView : public VELView {
- public:
-  explicit LoggingView(std::string& log) : _log(log) {}
-  void layoutSubviews() override { _log += 'L'; }
-
- private:
-  std::string& _log;
+/// Does as told when it is laid out.
+struct Watcher : VELView {
+  std::function<void()> onLayout = [] {};
+  void layoutSubviews() override { onLayout(); }
 };
 
 }  // namespace
@@ -72,7 +69,8 @@ TEST(OffscreenHost, ABeatLaysOutThenCallsThenLaysOutWhatTheCallChanged) {
   const auto host = VELOffscreenHost::create({10.0, 10.0}, 1.0);
   ASSERT_TRUE(host);
   std::string log;
-  const auto view = std::make_shared<LoggingView>(log);
+  const auto view = std::make_shared<Watcher>();
+  view->onLayout = [&] { log += 'L'; };
   host->rootView()->addSubview(view);
   host->displayLink()->add([&](double seconds) {
     log += seconds == 0.25 ? 'T' : '?';
@@ -86,29 +84,17 @@ TEST(OffscreenHost, ABeatLaysOutThenCallsThenLaysOutWhatTheCallChanged) {
 
 // An application may close its chart in answer to a refresh.
 TEST(OffscreenHost, ARefreshSurvivesTheEndOfItsHost) {
-  struct Watcher : VELView {
-    std::function<void()> onLayout;
-    void layoutSubviews() override { onLayout(); }
-  };
   for (const bool settles : {false, true})
     for (const bool endsInLayout : {false, true}) {
       auto host = VELOffscreenHost::create({10.0, 10.0}, 1.0);
       ASSERT_TRUE(host);
-      const auto view = std::make_shared<Watcher>();
       const std::weak_ptr<VELOffscreenHost> watched = host;
-      view->onLayout = [&] {
-        if (endsInLayout) host.reset();
-      };
+      const auto view = std::make_shared<Watcher>();
+      if (endsInLayout) view->onLayout = [&] { host.reset(); };
       host->rootView()->addSubview(view);
       int beats = 0;
-      host->displayLink()->add([&](double) {
-        ++beats;
-        host.reset();
-      });
-      if (settles)
-        EXPECT_TRUE(host->settle(1.0));
-      else
-        host->tick(1.0);
+      host->displayLink()->add([&](double) { ++beats, host.reset(); });
+      EXPECT_TRUE(settles ? host->settle(1.0) : (host->tick(1.0), true));
       EXPECT_EQ(beats, 1);
       EXPECT_TRUE(watched.expired());
     }

@@ -80,15 +80,10 @@ TEST(TextEngine, ALetterStandsSharpOnItsBaseline) {
   }
 }
 
-TEST(TextEngine, WidthAddsUpAndHeightGrowsWithTheFont) {
-  const auto width = [](const std::string& text, double size) {
-    return engine().measure(plain(text, size)).width;
-  };
-  EXPECT_NEAR(width("00000000", 12.0), 8 * width("0", 12.0), 0.1);
-  EXPECT_NEAR(width("0000", 24.0), 2 * width("0000", 12.0), 0.1);
-  EXPECT_GT(engine().measure({{"0000", {"", 12.0, true}, 0.0}}).width, width("0000", 12.0));
-  EXPECT_NEAR(engine().capHeight({"", 100.0, false}), 72.9, 0.5);  // DejaVu Sans: 1493 of 2048 units
-  EXPECT_NEAR(engine().capHeight({"", 12.0, false}), 12.0 * 0.729, 0.1);
+TEST(TextEngine, PointsAreThoseOfTheFontAndBoldIsWider) {
+  const VELFont font{"", 100.0, false}, bold{"", 100.0, true};
+  EXPECT_NEAR(engine().capHeight(font), 72.9, 0.5);  // DejaVu Sans: 1493 of 2048 units
+  EXPECT_GT(engine().measure({{"0", bold, 0.0}}).width, engine().measure({{"0", font, 0.0}}).width);
 }
 
 TEST(TextEngine, ARaisedRunStandsHigherByItsOffset) {

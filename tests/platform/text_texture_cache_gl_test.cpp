@@ -26,6 +26,7 @@ class FakeTextEngine : public VELTextEngine {
 class TextTextureCache : public testing::Test {
  protected:
   void SetUp() override { ASSERT_TRUE(context && context->makeCurrent()) << VELGLContext::lastFailure(); }
+  void TearDown() override { EXPECT_EQ(context->gl().getError(), VELGL_NO_ERROR); }
   VELTextTexture get(const std::string& text, double scale = 2.0) {
     return cache->textureFor({{text, {}, 0.0}}, scale);
   }
@@ -46,15 +47,15 @@ TEST_F(TextTextureCache, AnEqualTextIsRasterisedOnceAndAnythingElseIsAnotherText
   }
   EXPECT_EQ(engine.asked, "a");
   get("a", 1.0);
-  cache->textureFor({{"a", {"", 13.0, false}, 0.0}}, 2.0);
-  cache->textureFor({{"a", {"", 12.0, true}, 0.0}}, 2.0);
-  cache->textureFor({{"a", {"Serif", 12.0, false}, 0.0}}, 2.0);
-  cache->textureFor({{"a", {}, 1.0}}, 2.0);
-  cache->textureFor({{"a", {}, 0.0}, {"b", {}, 0.0}}, 2.0);
+  const VELAttributedText others[] = {{{"a", {"", 13.0, false}, 0.0}},
+                                      {{"a", {"", 12.0, true}, 0.0}},
+                                      {{"a", {"Serif", 12.0, false}, 0.0}},
+                                      {{"a", {}, 1.0}},
+                                      {{"a", {}, 0.0}, {"b", {}, 0.0}}};
+  for (const VELAttributedText& other : others) cache->textureFor(other, 2.0);
   EXPECT_EQ(engine.asked, "aaaaaaa");
   EXPECT_EQ(cache->rasterised(), 7u);
   EXPECT_EQ(cache->count(), 7u);
-  EXPECT_EQ(context->gl().getError(), VELGL_NO_ERROR);
 }
 
 TEST_F(TextTextureCache, TheTextUsedLongestAgoGoesFirstAndNoneBeforeTheTrim) {
@@ -66,33 +67,25 @@ TEST_F(TextTextureCache, TheTextUsedLongestAgoGoesFirstAndNoneBeforeTheTrim) {
   cache->trim();
   EXPECT_LE(cache->bytes(), cache->byteLimit());
   EXPECT_FALSE(context->gl().isTexture(b.texture));
-  get("a");
-  get("c");
-  EXPECT_EQ(engine.asked, "abc");
-  get("b");
+  for (const char* const text : {"a", "c", "b"}) get(text);
   EXPECT_EQ(engine.asked, "abcb");
   cache->setByteLimit(0);
   cache->trim();
-  EXPECT_EQ(cache->count(), 0u);
-  EXPECT_EQ(cache->bytes(), 0u);
+  EXPECT_EQ(cache->bytes() + cache->count(), 0u);
 }
 
-TEST_F(TextTextureCache, ATextWithNaNIsFoundAgainAndFreed) {
+TEST_F(TextTextureCache, ATextWithNaNIsFoundAgainAndFreedAndWhatCannotBeATextureIsNothing) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const VELAttributedText odd = {{"n", {"", nan, false}, nan}};
   EXPECT_EQ(cache->textureFor(odd, 2.0).texture, cache->textureFor(odd, 2.0).texture);
   EXPECT_EQ(engine.asked, "n");
   EXPECT_EQ(get("x", nan).texture + get("x", 0.0).texture + get("x", -1.0).texture, 0u);
   EXPECT_EQ(cache->textureFor({}, 2.0).texture, 0u);
+  engine.width = context->gl().getInteger(VELGL_MAX_TEXTURE_SIZE) + 1;
+  EXPECT_EQ(get("huge").texture, 0u);
   cache->setByteLimit(0);
   cache->trim();
   EXPECT_EQ(cache->count(), 0u);
-}
-
-TEST_F(TextTextureCache, ATextLargerThanATextureIsNothing) {
-  engine.width = context->gl().getInteger(VELGL_MAX_TEXTURE_SIZE) + 1;
-  EXPECT_EQ(get("huge").texture, 0u);
-  EXPECT_EQ(context->gl().getError(), VELGL_NO_ERROR);
 }
 
 TEST_F(TextTextureCache, TexturesGoWithTheCacheInTheirContext) {

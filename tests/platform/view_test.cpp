@@ -54,7 +54,7 @@ std::string namesBelow(const VELView& view) {
 
 }  // namespace
 
-TEST(View, AViewHasOnePlaceInOneTree) {
+TEST(View, AViewHasOnePlaceInOneTreeAndNeverBelowItself) {
   const auto first = makeView("1"), second = makeView("2"), a = makeView("a"), b = makeView("b");
   first->addSubview(a);
   first->insertSubview(b, 99);
@@ -64,30 +64,20 @@ TEST(View, AViewHasOnePlaceInOneTree) {
   second->addSubview(a);
   EXPECT_EQ(namesBelow(*first), "b");
   EXPECT_EQ(a->superview(), second);
-  a->removeFromSuperview();
-  a->removeFromSuperview();
+  for (int i = 0; i < 2; ++i) a->removeFromSuperview();
   EXPECT_EQ(a->superview(), nullptr);
   EXPECT_TRUE(second->subviews().empty());
-}
-
-TEST(View, NoViewComesBelowItself) {
-  const auto top = makeView("t"), middle = makeView("m"), low = makeView("l");
-  top->addSubview(middle);
-  middle->addSubview(low);
-  low->addSubview(top);
-  low->addSubview(middle);
-  low->addSubview(low);
-  low->addSubview(nullptr);
-  EXPECT_TRUE(low->subviews().empty());
-  EXPECT_EQ(middle->superview(), top);
-  EXPECT_EQ(top->superview(), nullptr);
+  b->addSubview(a);
+  for (const auto& wrong : {first, b, a, std::shared_ptr<ScriptedView>()}) a->addSubview(wrong);
+  EXPECT_TRUE(a->subviews().empty());
+  EXPECT_EQ(b->superview(), first);
+  EXPECT_EQ(first->superview(), nullptr);
 }
 
 TEST(View, OnlyWhatAskedIsLaidOutAndASizeAsksAPlaceDoesNot) {
   const auto top = makeView("t"), low = makeView("l");
   top->addSubview(low);
-  top->layoutIfNeeded();
-  top->layoutIfNeeded();
+  for (int i = 0; i < 2; ++i) top->layoutIfNeeded();
   EXPECT_EQ(top->layouts, 1);
   low->setFrame({5, 6, 10, 10});
   top->layoutIfNeeded();
@@ -98,40 +88,31 @@ TEST(View, OnlyWhatAskedIsLaidOutAndASizeAsksAPlaceDoesNot) {
   EXPECT_EQ(top->layouts, 1);
 }
 
-TEST(View, ALayoutMayTakeItsOwnViewAwayAndTheNextIsNotForgotten) {
-  const auto top = makeView("t");
+TEST(View, ALayoutMayTakeItsOwnViewAwayOrAddOneAndNoneIsForgotten) {
+  const auto top = makeView("t"), next = makeView("b"), added = makeView("c");
   auto leaving = makeView("a");
-  const auto next = makeView("b");
   leaving->onLayout = [](ScriptedView& view) {
     view.removeFromSuperview();
     view.name += " is gone but still alive";
   };
-  top->addSubview(leaving);
-  top->addSubview(next);
+  top->onLayout = [&](ScriptedView& view) { view.addSubview(added); };
+  for (const auto& view : {leaving, next}) top->addSubview(view);
   const std::weak_ptr<ScriptedView> gone = leaving;
   leaving.reset();
   top->layoutIfNeeded();
   EXPECT_TRUE(gone.expired());
   EXPECT_EQ(next->layouts, 1);
-  EXPECT_EQ(namesBelow(*top), "b");
-}
-
-TEST(View, WhatALayoutAddsIsLaidOutToo) {
-  const auto top = makeView("t"), added = makeView("b");
-  top->onLayout = [&](ScriptedView& view) { view.addSubview(added); };
-  top->layoutIfNeeded();
   EXPECT_EQ(added->layouts, 1);
+  EXPECT_EQ(namesBelow(*top), "bc");
 }
 
 TEST(View, ATreeShowsFromTheBackToTheFrontInRootCoordinatesWithoutHiddenBranches) {
   const auto top = makeView("t", {1, 2, 100, 100}), a = makeView("a", {10, 20, 50, 50}),
              b = makeView("b", {3, 4, 5, 6}), hidden = makeView("h"), below = makeView("x");
-  top->addSubview(a);
+  for (const auto& view : {a, hidden, makeView("c")}) top->addSubview(view);
   a->addSubview(b);
-  top->addSubview(hidden);
   hidden->addSubview(below);
   hidden->setHidden(true);
-  top->addSubview(makeView("c"));
   RecordingComposer composer;
   composer.composeTree(*top);
   EXPECT_EQ(composer.names, "tabc");

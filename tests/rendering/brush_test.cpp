@@ -50,8 +50,7 @@ TEST_F(Atlas, GivesRowsFromOneOnceAFrameAndAgainAfterAClear) {
   const auto texels = uploaded();
   ASSERT_EQ(texels.size(), 65536u);
   EXPECT_EQ(texels[0], 0u) << "what solid colours sample";
-  EXPECT_EQ(texels[256], 0xFF000001u);
-  EXPECT_EQ(texels[511], 0xFF000001u);
+  for (const size_t ofFirst : {256u, 511u}) EXPECT_EQ(texels[ofFirst], 0xFF000001u);
   EXPECT_EQ(texels[512], 0xFF000002u);
   EXPECT_EQ(texels[768], 0u);
   EXPECT_TRUE(uploaded().empty()) << "nothing changed";
@@ -63,21 +62,17 @@ TEST_F(Atlas, GivesRowsFromOneOnceAFrameAndAgainAfterAClear) {
   EXPECT_EQ(gl.gl().count("texSubImage2D(2D,0,0,256,256,RGBA)"), 1u);
 }
 
-TEST_F(Atlas, IsSampledWithTheNearestTexelAndClamped) {
-  uploaded();
-  EXPECT_EQ(gl.gl().texts("texParameteri"),
-            (CallTexts{"texParameteri(2D,MIN,NEAREST)", "texParameteri(2D,MAG,NEAREST)",
-                       "texParameteri(2D,WRAP_S,CLAMP)", "texParameteri(2D,WRAP_T,CLAMP)"}));
-}
-
-TEST_F(Atlas, MakesItsTextureAgainWhenGLLostIt) {
-  atlas.o_addBrush(first);
-  uploaded();
-  gl.gl().deleteTexture(1);
-  atlas.o_clearAtlas();
-  atlas.o_addBrush(second);
-  EXPECT_EQ(uploaded().size(), 65536u);
-  EXPECT_EQ(gl.gl().count("genTexture"), 1u);
+TEST_F(Atlas, IsSampledWithTheNearestTexelAndMadeAgainWhenGLLostIt) {
+  for (const auto& brush : {first, second}) {
+    atlas.o_clearAtlas();
+    atlas.o_addBrush(brush);
+    EXPECT_EQ(uploaded().size(), 65536u);
+    EXPECT_EQ(gl.gl().count("genTexture"), 1u);
+    EXPECT_EQ(gl.gl().texts("texParameteri"),
+              "texParameteri(2D,MIN,NEAREST) texParameteri(2D,MAG,NEAREST) "
+              "texParameteri(2D,WRAP_S,CLAMP) texParameteri(2D,WRAP_T,CLAMP)");
+    gl.gl().deleteTexture(1);
+  }
 }
 
 TEST_F(Atlas, LeavesOutWhatItCannotHold) {
@@ -94,7 +89,7 @@ TEST_F(Atlas, LeavesOutWhatItCannotHold) {
   EXPECT_EQ(many[255]->gradientIndex(), 0) << "no row is left";
 }
 
-TEST(SurfaceStyle, StartsUnforcedAndCallsBackFromEverySetter) {
+TEST(SurfaceStyle, CallsBackFromEverySetterAndACloneSharesNeitherBrushesNorBlocks) {
   VELRenderSurfaceStyle style;
   EXPECT_TRUE(std::isnan(style.leftAxisAreaSize()) && std::isnan(style.bottomAxisAreaSize()));
   EXPECT_EQ(style.backgroundBrush(), nullptr);
@@ -104,29 +99,38 @@ TEST(SurfaceStyle, StartsUnforcedAndCallsBackFromEverySetter) {
   style.setBackgroundBrush(VELBrush2D::solid(1));
   style.setBorderPen(VELPen2D::solid(2, 3));
   style.setSeriesBackgroundBrush(nullptr);
-  EXPECT_EQ(calls, "sss");
   style.setTopAxisAreaSize(10);
   EXPECT_EQ(calls, "sssls");
+  const auto copy = style.clone();
+  copy->setRightAxisAreaSize(5);
+  EXPECT_EQ(copy->topAxisAreaSize(), 10.0f);
+  EXPECT_EQ(copy->borderPen()->strokeThickness(), 3.0f);
+  EXPECT_NE(copy->backgroundBrush(), style.backgroundBrush());
+  EXPECT_EQ(copy->backgroundBrush()->colorCode(), 1u);
   style.setSupressCallbacks(true);
   style.setRightAxisAreaSize(20);
   style.setBorderPen(nullptr);
   EXPECT_EQ(calls, "sssls");
 }
 
-TEST(SurfaceStyle, ACloneHasTheValuesButNeitherBrushesNorBlocksOfTheOriginal) {
-  VELRenderSurfaceStyle style;
-  int calls = 0;
-  style.setBackgroundBrush(VELBrush2D::solid(1));
-  style.setBorderPen(VELPen2D::solid(2, 3));
-  style.setLeftAxisAreaSize(44);
-  style.setStyleChanged([&] { ++calls; });
-  const auto copy = style.clone();
-  copy->setRightAxisAreaSize(5);
-  EXPECT_EQ(calls, 0);
-  EXPECT_EQ(copy->leftAxisAreaSize(), 44.0f);
-  EXPECT_EQ(copy->borderPen()->strokeThickness(), 3.0f);
-  EXPECT_NE(copy->backgroundBrush(), style.backgroundBrush());
-  EXPECT_EQ(copy->backgroundBrush()->colorCode(), 1u);
+// Owners react to a change by replacing the blocks, or the style that is calling them.
+TEST(SurfaceStyle, ABlockMayReplaceItselfAndTheStyle) {
+  std::string calls;
+  auto style = std::make_shared<VELRenderSurfaceStyle>();
+  style->setStyleChanged([&, owned = std::string(64, 's')] {
+    style->setStyleChanged(nullptr);
+    calls += owned.back();
+  });
+  style->setBorderPen(nullptr);
+  style->setBorderPen(nullptr);
+  EXPECT_EQ(calls, "s");
+  style->setStyleChanged([&calls, owned = std::string(64, 't')] { calls += owned.back(); });
+  style->setLayoutChanged([&, owned = std::string(64, 'l')] {
+    style = std::make_shared<VELRenderSurfaceStyle>();
+    calls += owned.back();
+  });
+  style->setLeftAxisAreaSize(5);
+  EXPECT_EQ(calls, "slt");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 
 #include "tests/rendering/recorded_frame.h"
 #include "tests/rendering/test_gradient.h"
@@ -14,6 +15,7 @@ class Queue : public testing::Test {
  protected:
   std::vector<DrawnStrip> strips() { return replay(context, gl.gl()); }
   void line(const VELPenPtr& with) { context.drawLineWithBrush(with, 0, 0, 9, 0); }
+  void extend(float x) { context.extendPolylineWithBrush(pen, x, 0); }
 
   RegisteredGL gl;
   VELOpenGLRenderContext context{64, gl.context};
@@ -21,48 +23,36 @@ class Queue : public testing::Test {
   VELPenPtr otherPen = VELPen2D::solid(0xFF00FF00u, 3.0f);
 };
 
-TEST_F(Queue, TwoLinesAreOneStripOfTenIndices) {
-  line(pen);
-  line(otherPen);
-  const auto drawn = strips();
-  ASSERT_EQ(drawn.size(), 1u);
-  EXPECT_EQ(drawn[0].indices, (Indices{0, 1, 2, 3, 3, 4, 4, 5, 6, 7}));
-  EXPECT_EQ(drawn[0].vertices[6].color, 0xFF00FF00u);
-  EXPECT_EQ(gl.gl().count("useProgram"), 1u);
-}
-
-TEST_F(Queue, PiecesOfAPolylineFollowEachOtherAndASecondOneRestarts) {
-  for (int i = 0; i < 2; ++i) {
-    context.beginPolylineWithBrush(pen, 0, 0);
-    context.extendPolylineWithBrush(pen, 10, 0);
-    context.extendPolylineWithBrush(pen, 20, 0);
+TEST_F(Queue, ShapesShareOneStripJoinedWhereTheyDoNotFollowEachOther) {
+  const std::pair<std::function<void()>, Indices> rows[] = {
+      {[&] { line(pen), line(otherPen); }, {0, 1, 2, 3, 3, 4, 4, 5, 6, 7}},
+      {[&] {
+         for (int i = 0; i < 2; ++i) context.beginPolylineWithBrush(pen, 0, 0), extend(10), extend(20);
+       },
+       {0, 1, 2, 3, 4, 5, 6, 7, 7, 8, 8, 9, 10, 11, 12, 13, 14, 15}},
+      {[&] {
+         context.beginPolylineWithBrush(pen, 0, 0), extend(10);
+         context.drawRectWithBrush(otherPen, 0, 0, 1, 1), extend(20);
+       },
+       {0, 1, 2, 3, 3, 4, 4, 5, 6, 7, 7, 8, 8, 9, 10, 11}}};
+  for (const auto& [draw, expected] : rows) {
+    context.clear();
+    draw();
+    const auto drawn = strips();
+    ASSERT_EQ(drawn.size(), 1u);
+    EXPECT_EQ(drawn[0].indices, expected);
+    EXPECT_EQ(gl.gl().count("useProgram"), 1u);
+    EXPECT_EQ(drawn[0].vertices[0].color, 0xFF0000FFu);
+    EXPECT_EQ(drawn[0].vertices[6].color, expected.size() == 18 ? 0xFF0000FFu : 0xFF00FF00u);
   }
-  const auto drawn = strips();
-  ASSERT_EQ(drawn.size(), 1u);
-  EXPECT_EQ(drawn[0].indices, (Indices{0, 1, 2, 3, 4, 5, 6, 7, 7, 8, 8, 9, 10, 11, 12, 13, 14, 15}));
-}
-
-TEST_F(Queue, AShapeBetweenTwoPiecesOfAPolylineIsJoinedOnBothSides) {
-  context.beginPolylineWithBrush(pen, 0, 0);
-  context.extendPolylineWithBrush(pen, 10, 0);
-  context.drawRectWithBrush(pen, 0, 0, 1, 1);
-  context.extendPolylineWithBrush(pen, 20, 0);
-  const auto drawn = strips();
-  ASSERT_EQ(drawn.size(), 1u);
-  EXPECT_EQ(drawn[0].indices, (Indices{0, 1, 2, 3, 3, 4, 4, 5, 6, 7, 7, 8, 8, 9, 10, 11}));
 }
 
 TEST_F(Queue, AnotherAreaOrShaderStateStartsANewStripAndAnEqualOneDoesNot) {
-  const auto gradient = std::make_shared<TestGradient>(0xFF010101u);
-  context.setDrawingArea({0, 0, 10, 10});
-  line(pen);
-  context.setDrawingArea({0, 0, 10, 10});
-  line(pen);
+  for (int i = 0; i < 2; ++i) context.setDrawingArea({0, 0, 10, 10}), line(pen);
   EXPECT_EQ(strips().size(), 1u) << "the same area is recorded once";
-  context.setDrawingArea({0, 0, 10, 11});
-  line(pen);
+  context.setDrawingArea({0, 0, 10, 11}), line(pen);
   EXPECT_EQ(strips().size(), 2u);
-  context.drawRectWithBrush(gradient, 0, 0, 1, 1);
+  context.drawRectWithBrush(std::make_shared<TestGradient>(0xFF010101u), 0, 0, 1, 1);
   EXPECT_EQ(strips().size(), 3u) << "a gradient after a solid brush needs a shader command";
   line(pen);
   const auto drawn = strips();
@@ -71,32 +61,26 @@ TEST_F(Queue, AnotherAreaOrShaderStateStartsANewStripAndAnEqualOneDoesNot) {
   EXPECT_EQ(drawn[2].indices, (Indices{12, 13, 14, 15, 15, 16, 16, 17, 18, 19}));
 }
 
-TEST_F(Queue, AFullBufferHandsTheShapeToTheNextOne) {
-  VELOpenGLRenderContext small(15, gl.context);
-  gl.gl().calls.clear();
-  for (int i = 0; i < 3; ++i) small.drawLineWithBrush(pen, 0, 0, 1, 0);
-  EXPECT_EQ(gl.gl().texts().size(), 6u) << "two names, two bindings and two stores for the second buffer";
-  const auto drawn = replay(small, gl.gl());
-  ASSERT_EQ(drawn.size(), 2u);
-  EXPECT_EQ(drawn[0].indices, (Indices{0, 1, 2, 3, 3, 4, 4, 5, 6, 7}));
-  EXPECT_EQ(drawn[1].indices, consecutive(0, 4));
-  EXPECT_NE(drawn[0].target, drawn[1].target);
-}
-
-TEST_F(Queue, AClearedContextUsesItsBuffersAgainInTheSameOrder) {
+TEST_F(Queue, AFullBufferHandsTheShapeToTheNextOneAndAClearedContextUsesThemAgainInOrder) {
   VELOpenGLRenderContext small(15, gl.context);
   const auto draw = [&] {
+    gl.gl().calls.clear();
     for (int i = 0; i < 5; ++i) small.drawLineWithBrush(pen, 0, 0, 1, 0);
-    return replay(small, gl.gl());
   };
-  const auto before = draw();
+  draw();
+  EXPECT_EQ(gl.gl().calls.size(), 12u) << "two names, two bindings and two stores for every further buffer";
+  const auto before = replay(small, gl.gl());
+  ASSERT_EQ(before.size(), 3u);
+  EXPECT_EQ(before[0].indices, (Indices{0, 1, 2, 3, 3, 4, 4, 5, 6, 7}));
+  EXPECT_EQ(before[2].indices, consecutive(0, 4));
+  EXPECT_NE(before[0].target, before[1].target);
   small.clear();
   EXPECT_TRUE(small.wasChanged());
   EXPECT_TRUE(replay(small, gl.gl()).empty());
   EXPECT_FALSE(small.wasChanged());
-  gl.gl().calls.clear();
-  const auto after = draw();
-  ASSERT_EQ(before.size(), 3u);
+  draw();
+  EXPECT_TRUE(gl.gl().calls.empty());
+  const auto after = replay(small, gl.gl());
   ASSERT_EQ(after.size(), 3u);
   for (size_t i = 0; i < 3; ++i) EXPECT_EQ(after[i].target, before[i].target);
   EXPECT_EQ(small.drawingBufferCount(), 3u);
@@ -108,15 +92,13 @@ TEST_F(Queue, DrawingCallsNoGLAndAReplayUploadsOnlyWhatIsNew) {
   context.setDrawingArea({1, 2, 3, 4});
   EXPECT_TRUE(gl.gl().calls.empty());
   strips();
-  EXPECT_EQ(gl.gl().texts("bufferSubData"),
-            (CallTexts{"bufferSubData(ARRAY,0,64)", "bufferSubData(ELEMENT,0,8)"}));
+  EXPECT_EQ(gl.gl().texts("bufferSubData"), "bufferSubData(ARRAY,0,64) bufferSubData(ELEMENT,0,8)");
   strips();
   EXPECT_EQ(gl.gl().uploadedBytes(), 0u) << "unchanged";
   line(pen);
   context.drawRectWithBrush(pen, 0, 0, 1, 1);
   strips();
-  EXPECT_EQ(gl.gl().texts("bufferSubData"),
-            (CallTexts{"bufferSubData(ARRAY,64,128)", "bufferSubData(ELEMENT,8,20)"}));
+  EXPECT_EQ(gl.gl().texts("bufferSubData"), "bufferSubData(ARRAY,64,128) bufferSubData(ELEMENT,8,20)");
 }
 
 TEST_F(Queue, TheReplayCallsGLInThisOrder) {
@@ -124,13 +106,12 @@ TEST_F(Queue, TheReplayCallsGLInThisOrder) {
   strips();  // builds the program and the atlas
   VELOpenGLContextController::o_enableContext(gl.context);
   strips();
-  EXPECT_EQ(
-      gl.gl().texts(),
-      (CallTexts{"bindBuffer(ARRAY,1)", "bindBuffer(ELEMENT,2)", "vertexAttribPointer(0,2,FLOAT,0,16,0)",
-                 "vertexAttribPointer(1,4,BYTE,1,16,8)", "vertexAttribPointer(2,2,SHORT,1,16,12)",
-                 "enableVertexAttribArray(0)", "enableVertexAttribArray(1)", "enableVertexAttribArray(2)",
-                 "useProgram(1)", "uniformMatrix4fv(7)", "activeTexture(TEXTURE0)", "bindTexture(2D,1)",
-                 "uniform1i(8,0)", "drawElements(STRIP,4,SHORT,0)"}));
+  EXPECT_EQ(gl.gl().texts(),
+            "bindBuffer(ARRAY,1) bindBuffer(ELEMENT,2) vertexAttribPointer(0,2,FLOAT,0,16,0) "
+            "vertexAttribPointer(1,4,BYTE,1,16,8) vertexAttribPointer(2,2,SHORT,1,16,12) "
+            "enableVertexAttribArray(0) enableVertexAttribArray(1) enableVertexAttribArray(2) "
+            "useProgram(1) uniformMatrix4fv(7) activeTexture(TEXTURE0) bindTexture(2D,1) "
+            "uniform1i(8,0) drawElements(STRIP,4,SHORT,0)");
 }
 
 TEST_F(Queue, AnAreaMovesTheOriginAndUploadsItsMatrixOnlyToAnActiveProgram) {
@@ -140,22 +121,17 @@ TEST_F(Queue, AnAreaMovesTheOriginAndUploadsItsMatrixOnlyToAnActiveProgram) {
   VELMatrix view = VELMatrixIdentity();
   view[12] = -100, view[13] = -50, view[14] = -7;
   context.setProjectionMatrix(projection, view);
-  context.setDrawingArea({20, 10, 30, 40});
-  line(pen);
-  context.setDrawingArea({0, 0, 30, 40});
-  line(pen);
+  for (const VELRect& area : {VELRect{20, 10, 30, 40}, VELRect{0, 0, 30, 40}})
+    context.setDrawingArea(area), line(pen);
   strips();
-  const auto matrices = [&] {
-    std::vector<std::vector<float>> all;
-    for (const RecordedCall& call : gl.gl().calls)
-      if (!call.floats.empty()) all.push_back({call.floats[12], call.floats[13]});
-    return all;
-  }();
+  std::vector<std::vector<float>> matrices;
+  for (const RecordedCall& call : gl.gl().calls)
+    if (!call.floats.empty()) matrices.push_back(call.floats);
   ASSERT_EQ(matrices.size(), 2u) << "by the brush that activates the program, and by the second area";
-  EXPECT_FLOAT_EQ(matrices[0][0], -0.8f);
-  EXPECT_FLOAT_EQ(matrices[0][1], -0.8f);
-  EXPECT_FLOAT_EQ(matrices[1][0], -1.0f);
-  EXPECT_NEAR(gl.gl().last("uniformMatrix4fv").floats[14], 0.0, 1e-6) << "the drawing plane, up to rounding";
+  EXPECT_FLOAT_EQ(matrices[0][12], -0.8f);
+  EXPECT_FLOAT_EQ(matrices[0][13], -0.8f);
+  EXPECT_FLOAT_EQ(matrices[1][12], -1.0f);
+  EXPECT_NEAR(matrices[1][14], 0.0, 1e-6) << "the drawing plane, up to rounding";
 }
 
 TEST_F(Queue, AScissorIsCutToWholePixelsAndNeverNegative) {
@@ -163,43 +139,34 @@ TEST_F(Queue, AScissorIsCutToWholePixelsAndNeverNegative) {
   gl.gl().calls.clear();
   VELSetDrawingAreaCommand({}, {10.9, -3.7, 20.9, 0.9}, &attributes).o_performCommand();
   VELSetDrawingAreaCommand({}, {NAN, 1e300, -5.0, INFINITY}, &attributes).o_performCommand();
-  EXPECT_EQ(gl.gl().texts(), (CallTexts{"scissor(10,-3,20,0)", "scissor(0,2147483647,0,2147483647)"}));
-}
-
-TEST_F(Queue, TheFirstAreaIsRecordedEvenWhenItIsZero) {
+  EXPECT_EQ(gl.gl().texts(), "scissor(10,-3,20,0) scissor(0,2147483647,0,2147483647)");
   context.setDrawingArea({});
   line(pen);
   strips();
-  EXPECT_EQ(gl.gl().texts("scissor"), (CallTexts{"scissor(0,0,0,0)"}));
+  EXPECT_EQ(gl.gl().texts("scissor"), "scissor(0,0,0,0)") << "the first area counts even when it is zero";
 }
 
-// Its buffers and programs are those of one GL context; in another the same names may mean anything.
+// Its buffers and programs are those of one GL context; in another the same names may mean anything, and
+// what was made before a context was registered stays in memory.
 TEST_F(Queue, AFrameIsReplayedOnlyOnTheContextThatItWasRecordedFor) {
   const RegisteredGL other;  // current from here on
-  VELOpenGLRenderContext memoryOnly(16, nullptr);
-  VELOpenGLRenderContext orphan(16, std::make_shared<RecordingGLContext>());
-  auto& now = static_cast<RecordingGLContext&>(*other.context).gl();
-  for (VELOpenGLRenderContext* const recorded : {&context, &memoryOnly, &orphan}) {
+  const auto late = std::make_shared<RecordingGLContext>();
+  VELOpenGLRenderContext memoryOnly(16, nullptr), unregistered(16, late);
+  const auto drawsNothing = [](VELOpenGLRenderContext& recorded, RecordingGLContext& on) {
+    replay(recorded, on.gl());
+    return on.gl().calls.empty() && !recorded.wasChanged();
+  };
+  for (VELOpenGLRenderContext* const recorded : {&context, &memoryOnly, &unregistered}) {
     for (int i = 0; i < 4; ++i) recorded->drawLineWithBrush(pen, 0, 0, 9, 0);
     EXPECT_TRUE(VELOpenGLContextController::o_enableContext(other.context));
-    replay(*recorded, now);
-    EXPECT_TRUE(now.calls.empty());
-    EXPECT_FALSE(recorded->wasChanged());
+    EXPECT_TRUE(drawsNothing(*recorded, *other.context));
   }
-  EXPECT_TRUE(VELOpenGLContextController::o_enableContext(gl.context));
-  EXPECT_EQ(strips().size(), 1u) << "at home it is whole";
-}
-
-// Made without GL, and without a context since: nothing to replay when that context is registered later.
-TEST_F(Queue, BuffersOfAnUnregisteredContextStayInMemory) {
-  const auto late = std::make_shared<RecordingGLContext>();
-  VELOpenGLRenderContext unregistered(16, late);
-  unregistered.drawLineWithBrush(pen, 0, 0, 9, 0);
   VELOpenGLContextController::o_createContext(late);
   EXPECT_TRUE(VELOpenGLContextController::o_enableContext(late));
-  unregistered.performDrawingCommands();
-  EXPECT_TRUE(late->gl().calls.empty());
+  EXPECT_TRUE(drawsNothing(unregistered, *late));
   VELOpenGLContextController::o_freeContext(late);
+  EXPECT_TRUE(VELOpenGLContextController::o_enableContext(gl.context));
+  EXPECT_EQ(strips().size(), 1u) << "at home it is whole";
 }
 
 TEST_F(Queue, ACallbackMayReplaceItselfWhileItRuns) {
@@ -216,14 +183,21 @@ TEST_F(Queue, ACallbackMayReplaceItselfWhileItRuns) {
 // Shapes announced by hand, each writing as many indices as it announces.
 class Strips : public testing::Test {
  protected:
-  using Entry = void (VELOpenGLDrawingQueue::*)(uint32_t, uint32_t);
+  using Queue = VELOpenGLDrawingQueue;
+  using Expected = std::vector<std::pair<uint32_t, uint32_t>>;
+
   Strips() { queue.o_addDrawingBufferCommandWithBuffer(&buffer, 0, 1, 2); }
-  void shape(Entry entry, uint32_t amount) { (queue.*entry)(head(), amount), write(amount); }
+  void shape(void (Queue::*entry)(uint32_t, uint32_t), uint32_t amount) {
+    (queue.*entry)(head(), amount), write(amount);
+  }
+  void piece(void (Queue::*entry)(uint32_t, uint32_t, bool), uint32_t amount, bool restart) {
+    (queue.*entry)(head(), amount, restart), write(amount);
+  }
   void area(uint32_t amount, bool restart) {
-    queue.o_addZeroToLineAreaCommandWithStart(head(), amount, restart), write(amount);
+    piece(&Queue::o_addZeroToLineAreaCommandWithStart, amount, restart);
   }
   void polyline(uint32_t amount, bool restart) {
-    queue.o_addDrawPolylineCommandWithStart(head(), amount, restart), write(amount);
+    piece(&Queue::o_addDrawPolylineCommandWithStart, amount, restart);
   }
   uint32_t head() const { return buffer.o_getBufferInfo().dbi_indexHead; }
   void write(uint32_t amount) {
@@ -232,33 +206,33 @@ class Strips : public testing::Test {
       info.dbi_indexBuffer[info.dbi_indexHead++] = static_cast<uint16_t>(info.dbi_vertexHead++);
   }
   /// Start and count of every strip.
-  std::vector<std::pair<uint32_t, uint32_t>> strips() const {
-    std::vector<std::pair<uint32_t, uint32_t>> all;
+  Expected strips() const {
+    Expected all;
     for (const VELDrawingCommand* const command : queue.drawingOrder())
       if (const auto* const strip = dynamic_cast<const VELDrawTriangleStripCommand*>(command))
         all.emplace_back(strip->start(), strip->count());
     return all;
   }
-  using Expected = std::vector<std::pair<uint32_t, uint32_t>>;
 
   VELShaderAttributes attributes;
-  VELOpenGLDrawingQueue queue{attributes};
+  Queue queue{attributes};
   VELDrawingBuffer buffer{64};
 };
 
 TEST_F(Strips, SeparateShapesOfEveryKindAreJoinedByARestart) {
-  const std::pair<Entry, uint32_t> shapes[] = {
-      {&VELOpenGLDrawingQueue::o_addDrawTriangleCommandWithStart, 3},
-      {&VELOpenGLDrawingQueue::o_addFillEllipseCommandWithStart, 9},
-      {&VELOpenGLDrawingQueue::o_addDrawRectCommandWithStart, 4},
-      {&VELOpenGLDrawingQueue::o_addDrawTriangleCommandWithStart, 3},
-      {&VELOpenGLDrawingQueue::o_addDrawTriangleCommandWithStart, 3}};
-  for (const auto& [entry, amount] : shapes) shape(entry, amount);
+  shape(&Queue::o_addDrawTriangleCommandWithStart, 3);
+  shape(&Queue::o_addFillEllipseCommandWithStart, 9);
+  shape(&Queue::o_addDrawRectCommandWithStart, 4);
+  for (int i = 0; i < 2; ++i) shape(&Queue::o_addDrawTriangleCommandWithStart, 3);
   EXPECT_EQ(strips(), (Expected{{0, 22 + 4 * 2}}));
   EXPECT_EQ(head(), 30u);
 }
 
 TEST_F(Strips, AStepOfAnAreaFollowsTheLastOneAndNothingElse) {
+  polyline(0, true);
+  EXPECT_EQ(strips(), Expected{}) << "only a polyline is announced without a strip";
+  area(0, true);
+  EXPECT_EQ(strips(), (Expected{{0, 0}}));
   area(2, true);
   area(2, false);
   area(4, false);
@@ -274,22 +248,14 @@ TEST_F(Strips, AStepOfAnAreaFollowsTheLastOneAndNothingElse) {
   EXPECT_EQ(strips(), (Expected{{0, 22}, {22, 2}}));
 }
 
-TEST_F(Strips, OnlyAPolylineIsAnnouncedWithoutAStrip) {
-  polyline(0, true);
-  EXPECT_EQ(strips(), Expected{});
-  area(0, true);
-  EXPECT_EQ(strips(), (Expected{{0, 0}}));
-}
-
-TEST_F(Queue, UpdateRangesWidenAndAreClampedToTheCapacity) {
+TEST(DrawingBuffer, UpdateRangesWidenAndAreClampedToTheCapacity) {
   VELDrawingBuffer buffer(10);
   VELDrawingBufferInfo& info = buffer.o_getBufferInfo();
-  EXPECT_EQ(info.dbi_vertexUpdateStart, 65536u);
-  EXPECT_EQ(info.dbi_vertexUpdateEnd, 0u);
+  const auto range = [&] { return std::pair(info.dbi_vertexUpdateStart, info.dbi_vertexUpdateEnd); };
+  EXPECT_EQ(range(), std::pair(65536u, 0u));
   info.dbi_vertexHead = 6;
   buffer.o_addVerticesUpdateRange(9);
-  EXPECT_EQ(info.dbi_vertexUpdateStart, 6u);
-  EXPECT_EQ(info.dbi_vertexUpdateEnd, 10u);
+  EXPECT_EQ(range(), std::pair(6u, 10u));
   EXPECT_TRUE(buffer.o_isEnoughSpaceForVertices(4, 10));
   EXPECT_FALSE(buffer.o_isEnoughSpaceForVertices(5, 0));
   EXPECT_FALSE(buffer.o_isEnoughSpaceForVertices(0, UINT32_MAX));
@@ -303,18 +269,17 @@ TEST_F(Queue, EveryCommandOfTheFamilyDrawsItsOwnKind) {
   VELDrawPolylineCommand polyline(1, 2);
   VELDrawTriangleCommand triangles(1, 2);
   VELDrawTriangleFanCommand fan(1, 2);
-  VELDrawTriangleStripCommand strip(1, 2);
   gl.gl().calls.clear();
   for (VELDrawingCommand* command :
-       std::initializer_list<VELDrawingCommand*>{&lines, &loop, &polyline, &triangles, &fan, &strip}) {
+       std::initializer_list<VELDrawingCommand*>{&lines, &loop, &polyline, &triangles, &fan}) {
     command->o_increaseCount(3);
     command->o_performCommand();
   }
-  for (const uint64_t mode : {0u, 7u, 1u}) VELAlphaBlendingModeCommand(mode).o_performCommand();
-  EXPECT_EQ(gl.gl().texts(), (CallTexts{"drawElements(LINES,5,SHORT,2)", "drawElements(LINE_LOOP,5,SHORT,2)",
-                                        "drawElements(LINE_STRIP,5,SHORT,2)",
-                                        "drawElements(TRIANGLES,5,SHORT,2)", "drawElements(FAN,5,SHORT,2)",
-                                        "drawElements(STRIP,5,SHORT,2)", "disable(BLEND)", "enable(BLEND)"}));
+  for (const uint64_t mode : {0u, 1u, 7u}) VELAlphaBlendingModeCommand(mode).o_performCommand();
+  EXPECT_EQ(gl.gl().texts(),
+            "drawElements(LINES,5,SHORT,2) drawElements(LINE_LOOP,5,SHORT,2) "
+            "drawElements(LINE_STRIP,5,SHORT,2) drawElements(TRIANGLES,5,SHORT,2) "
+            "drawElements(FAN,5,SHORT,2) disable(BLEND) enable(BLEND)");
   VELSetDrawingAreaCommand zero({}, {}, nullptr);
   EXPECT_TRUE(zero.isEqual(nullptr));
   EXPECT_FALSE(VELSetDrawingAreaCommand({1, 0, 0, 0}, {}, nullptr).isEqual(&zero));

@@ -14,30 +14,25 @@
 namespace {
 
 using Controller = VELOpenGLContextController;
+constexpr auto applyShader = VELBrushShaderController::o_applyDefaultBrushShader;
 
-TEST(GLContextController, EnablesOnlyWhatIsRegistered) {
-  const auto a = std::make_shared<RecordingGLContext>();
-  EXPECT_FALSE(Controller::o_enableContext(a));
+TEST(GLContextController, EnablesWhatIsRegisteredUntilItsLastOwnerFreesIt) {
+  const auto context = std::make_shared<RecordingGLContext>();
+  EXPECT_FALSE(Controller::o_enableContext(context));
   EXPECT_FALSE(Controller::o_enableContext(nullptr));
-  EXPECT_NE(VELGLContext::current(), a.get());
-  Controller::o_createContext(a);
-  EXPECT_TRUE(Controller::o_enableContext(a));
-  EXPECT_EQ(VELGLContext::current(), a.get());
-  Controller::o_freeContext(a);
-  EXPECT_FALSE(Controller::o_enableContext(a));
-}
-
-TEST(GLContextController, KeepsASharedContextUntilItsLastOwnerFreesIt) {
-  RegisteredGL gl;
-  Controller::o_createContext(gl.context);
+  EXPECT_NE(VELGLContext::current(), context.get());
+  for (int owner = 0; owner < 2; ++owner) Controller::o_createContext(context);
+  EXPECT_TRUE(Controller::o_enableContext(context));
+  EXPECT_EQ(VELGLContext::current(), context.get());
   VELShaderAttributes attributes;
-  VELBrushShaderController::o_applyDefaultBrushShader(attributes);
-  Controller::o_freeContext(gl.context);
-  EXPECT_TRUE(Controller::o_enableContext(gl.context));
-  EXPECT_EQ(gl.gl().count("deleteProgram"), 0u);
-  Controller::o_freeContext(gl.context);
-  EXPECT_EQ(gl.gl().count("delete"), 3u) << "two shaders and the program";
+  applyShader(attributes);
+  Controller::o_freeContext(context);
+  EXPECT_TRUE(Controller::o_enableContext(context));
+  EXPECT_EQ(context->gl().count("delete"), 0u);
+  Controller::o_freeContext(context);
+  EXPECT_EQ(context->gl().count("delete"), 3u) << "two shaders and the program";
   EXPECT_EQ(Controller::o_defaultBrushShader(attributes), nullptr);
+  EXPECT_FALSE(Controller::o_enableContext(context));
 }
 
 TEST(GLContextController, ForgetsAContextThatWentAway) {
@@ -52,7 +47,7 @@ TEST(GLContextController, ForgetsAContextThatWentAway) {
   Controller::o_createContext(context);
   ASSERT_TRUE(Controller::o_enableContext(context));
   VELShaderAttributes attributes;
-  VELBrushShaderController::o_applyDefaultBrushShader(attributes);
+  applyShader(attributes);
   context.reset();
   EXPECT_EQ(VELGLContext::current(), nullptr) << "registration does not keep it alive";
 
@@ -62,7 +57,7 @@ TEST(GLContextController, ForgetsAContextThatWentAway) {
   EXPECT_EQ(Controller::o_currentState(), nullptr);
   Controller::o_createContext(context);
   ASSERT_TRUE(Controller::o_enableContext(context));
-  VELBrushShaderController::o_applyDefaultBrushShader(attributes);
+  applyShader(attributes);
   EXPECT_EQ(context->gl().count("linkProgram"), 1u) << "the program of the first is not taken for its own";
   Controller::o_freeContext(context);
   EXPECT_FALSE(Controller::o_enableContext(context)) << "registered once";
@@ -71,7 +66,7 @@ TEST(GLContextController, ForgetsAContextThatWentAway) {
 TEST(GLContextController, FreeingAContextLeavesTheCurrentOneCurrent) {
   const auto freed = std::make_unique<RegisteredGL>();
   VELShaderAttributes attributes;
-  VELBrushShaderController::o_applyDefaultBrushShader(attributes);
+  applyShader(attributes);
   RegisteredGL current;
   Controller::o_freeContext(freed->context);
   EXPECT_EQ(freed->gl().count("deleteProgram"), 1u);
@@ -81,23 +76,35 @@ TEST(GLContextController, FreeingAContextLeavesTheCurrentOneCurrent) {
 TEST(GLContextController, BuildsTheDefaultProgramOnceWithTheFixedSlots) {
   RegisteredGL gl;
   VELShaderAttributes a, b;
-  VELBrushShaderController::o_applyDefaultBrushShader(a);
+  applyShader(a);
   EXPECT_EQ(gl.gl().texts("bindAttribLocation"),
-            (CallTexts{"bindAttribLocation(1,0,Position)", "bindAttribLocation(1,1,SourceColor)",
-                       "bindAttribLocation(1,2,TexCoordIn)"}));
+            "bindAttribLocation(1,0,Position) bindAttribLocation(1,1,SourceColor) "
+            "bindAttribLocation(1,2,TexCoordIn)");
   const auto source = elementsOf<char>(gl.gl().last("shaderSource(2)").bytes);
   EXPECT_EQ(std::string(source.begin(), source.end()), VELDefaultBrushShader().o_getFragmentShader());
   EXPECT_TRUE(a.sa_defaultShaderActivated);
   EXPECT_EQ(a.sa_projectionUniform, 7u);
   gl.gl().calls.clear();
-  VELBrushShaderController::o_applyDefaultBrushShader(b);
-  EXPECT_EQ(gl.gl().count("createShader"), 0u);
+  applyShader(b);
+  EXPECT_EQ(gl.gl().count("genShader"), 0u);
   gl.gl().calls.clear();
-  VELBrushShaderController::o_applyDefaultBrushShader(b);
+  applyShader(b);
   EXPECT_TRUE(gl.gl().calls.empty()) << "in use, and the matrix is the one uploaded last";
   b.sa_totalMatrix[12] = 3;
-  VELBrushShaderController::o_applyDefaultBrushShader(b);
-  EXPECT_EQ(gl.gl().texts(), (CallTexts{"uniformMatrix4fv(7)"}));
+  applyShader(b);
+  EXPECT_EQ(gl.gl().texts(), "uniformMatrix4fv(7)");
+}
+
+TEST(GLContextController, AttributeArraysAreEnabledOnceUntilTheStateIsForgotten) {
+  RegisteredGL gl;
+  gl.gl().calls.clear();
+  for (const size_t enabled : {3u, 6u}) {
+    Controller::o_enableContext(gl.context);
+    for (int i = 0; i < 2; ++i) VELBrushShaderController::o_enableBuffers();
+    EXPECT_EQ(gl.gl().count("enableVertexAttribArray"), enabled);
+  }
+  for (int i = 0; i < 2; ++i) VELBrushShaderController::o_disableBuffers();
+  EXPECT_EQ(gl.gl().count("disableVertexAttribArray"), 3u);
 }
 
 TEST(GLContextController, LogsWhatTheDriverSaysOfABrokenShaderAndGoesOn) {
@@ -105,21 +112,9 @@ TEST(GLContextController, LogsWhatTheDriverSaysOfABrokenShaderAndGoesOn) {
   gl.gl().compiles = 0;
   VELShaderAttributes attributes;
   testing::internal::CaptureStderr();
-  VELBrushShaderController::o_applyDefaultBrushShader(attributes);
+  applyShader(attributes);
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "the shader is wrong\nthe shader is wrong\nthe program is wrong\n");
-}
-
-TEST(GLContextController, AttributeArraysAreEnabledOnceUntilTheStateIsForgotten) {
-  RegisteredGL gl;
-  gl.gl().calls.clear();
-  for (int i = 0; i < 2; ++i) VELBrushShaderController::o_enableBuffers();
-  EXPECT_EQ(gl.gl().count("enableVertexAttribArray"), 3u);
-  Controller::o_enableContext(gl.context);
-  VELBrushShaderController::o_enableBuffers();
-  EXPECT_EQ(gl.gl().count("enableVertexAttribArray"), 6u);
-  for (int i = 0; i < 2; ++i) VELBrushShaderController::o_disableBuffers();
-  EXPECT_EQ(gl.gl().count("disableVertexAttribArray"), 3u);
 }
 
 // A global object of the application, older than anything the library keeps.

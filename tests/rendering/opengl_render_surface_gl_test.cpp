@@ -18,10 +18,8 @@ constexpr uint32_t redCode = 0xFF0000FFu, greenCode = 0xFF00FF00u, blueCode = 0x
 
 class GLSurface : public testing::Test {
  protected:
-  void TearDown() override {
-    if (!surface) return;
-    EXPECT_EQ(host->glContext()->gl().getError(), uint32_t{VELGL_NO_ERROR});
-  }
+  void SetUp() override { create(40, 20, 1); }
+  void TearDown() override { EXPECT_EQ(host->glContext()->gl().getError(), uint32_t{VELGL_NO_ERROR}); }
 
   void create(double width, double height, double scale) {
     surface.reset();
@@ -29,6 +27,9 @@ class GLSurface : public testing::Test {
     ASSERT_NE(host, nullptr) << "no OpenGL ES driver";
     surface = VELOpenGLRenderSurface::initWithFrame({0, 0, width, height}, *host);
     surface->setMultisampling(false);
+  }
+  void rect(const VELBrushPtr& brush, float left, float top, float right, float bottom) {
+    surface->renderContext()->drawRectWithBrush(brush, left, top, right, bottom);
   }
   void frame() {
     surface->invalidateElement();
@@ -56,13 +57,16 @@ class GLSurface : public testing::Test {
   double time = 0.0;
 };
 
-// A rectangle far larger than its drawing area fills exactly the pixels of the area, at every density.
+// A rectangle far larger than its drawing area fills exactly the pixels of the area, at every density and
+// after the surface got another size.
 TEST_F(GLSurface, ADrawingAreaMovesTheOriginAndClipsToItsPixels) {
   for (const double scale : {1.0, 1.5, 2.0}) {
-    create(40, 30, scale);
+    create(10, 50, scale);
+    surface->setFrame({0, 0, 40, 30});
+    surface->layoutIfNeeded();
     surface->renderContext()->setDrawingArea({10, 4, 16, 20});
-    surface->renderContext()->drawRectWithBrush(VELBrush2D::solid(redCode), -50, -50, 100, 100);
-    surface->renderContext()->drawRectWithBrush(VELBrush2D::solid(greenCode), 0, 0, 4, 2);
+    rect(VELBrush2D::solid(redCode), -50, -50, 100, 100);
+    rect(VELBrush2D::solid(greenCode), 0, 0, 4, 2);
     frame();
     const auto px = [scale](double points) { return static_cast<int32_t>(std::lround(points * scale)); };
     ASSERT_EQ(surface->layer().width(), px(40));
@@ -75,31 +79,25 @@ TEST_F(GLSurface, ADrawingAreaMovesTheOriginAndClipsToItsPixels) {
   }
 }
 
-TEST_F(GLSurface, ContextsAreShownBackgroundFirstModifierLast) {
-  create(30, 10, 1);
-  const auto draw = [](const std::shared_ptr<VELRenderContext2D>& context, uint32_t code, float right) {
-    context->drawRectWithBrush(VELBrush2D::solid(code), 0, 0, right, 10);
-  };
-  draw(surface->modifierContext(), redCode, 10);
-  draw(surface->renderContext(), greenCode, 20);
-  draw(surface->backgroundContext(), blueCode, 30);
+TEST_F(GLSurface, ContextsAreShownBackgroundFirstModifierLastAndBlendOverAnOpaquePicture) {
+  surface->setBackgroundColor({0.0, 0.0, 1.0});
+  const struct {
+    std::shared_ptr<VELRenderContext2D> context;
+    uint32_t code;
+    float right;
+  } rows[] = {{surface->modifierContext(), redCode, 10},
+              {surface->renderContext(), greenCode, 20},
+              {surface->backgroundContext(), 0x800000FFu, 30}};
+  for (const auto& row : rows)
+    row.context->drawRectWithBrush(VELBrush2D::solid(row.code), 0, 0, row.right, 10);
   frame();
   EXPECT_EQ(at(5, 5), red);
   EXPECT_EQ(at(15, 5), green);
-  EXPECT_EQ(at(25, 5), blue);
-}
-
-TEST_F(GLSurface, TranslucentColoursBlendAndThePictureStaysOpaque) {
-  create(4, 4, 1);
-  surface->setBackgroundColor({0.0, 0.0, 1.0});
-  surface->renderContext()->drawRectWithBrush(VELBrush2D::solid(0x800000FFu), 0, 0, 2, 4);
-  frame();
-  EXPECT_EQ(at(0, 0), (Pixel{128, 0, 127, 255}));
-  EXPECT_EQ(at(3, 0), blue);
+  EXPECT_EQ(at(25, 5), (Pixel{128, 0, 127, 255}));
+  EXPECT_EQ(at(35, 5), blue);
 }
 
 TEST_F(GLSurface, ALineCoversItsWidthAndANaNLeavesAGap) {
-  create(40, 20, 1);
   const VELPenPtr pen = VELPen2D::solid(greenCode, 2.0f);
   surface->renderContext()->beginPolylineWithBrush(pen, 0, 10);
   for (const float x : {10.0f, NAN, 20.0f, 40.0f})
@@ -113,57 +111,25 @@ TEST_F(GLSurface, ALineCoversItsWidthAndANaNLeavesAGap) {
 }
 
 TEST_F(GLSurface, GradientsAndSolidColoursShareTheAtlasWithoutBleeding) {
-  create(8, 4, 1);
-  const auto gradient = std::make_shared<TestGradient>(redCode);
-  const auto next = std::make_shared<TestGradient>(greenCode);
-  surface->renderContext()->drawRectWithBrush(gradient, 0, 0, 4, 4);
-  surface->renderContext()->drawRectWithBrush(VELBrush2D::solid(blueCode), 4, 0, 6, 4);
-  surface->renderContext()->drawRectWithBrush(next, 6, 0, 8, 4);
+  rect(std::make_shared<TestGradient>(redCode), 0, 0, 4, 4);
+  rect(VELBrush2D::solid(blueCode), 4, 0, 6, 4);
+  rect(std::make_shared<TestGradient>(greenCode), 6, 0, 8, 4);
   frame();
-  for (int32_t y = 0; y < 4; ++y) {
-    EXPECT_EQ(at(1, y), red);
-    EXPECT_EQ(at(5, y), blue);
-    EXPECT_EQ(at(7, y), green);
-  }
+  for (int32_t y = 0; y < 4; ++y)
+    for (const auto& [x, expected] : {std::pair{1, red}, {5, blue}, {7, green}})
+      EXPECT_EQ(at(x, y), expected);
 }
 
 TEST_F(GLSurface, MultisamplingSmoothsEdgesAndOnlyEdges) {
-  create(20, 20, 1);
   if (!host->glContext()->gl().hasMultisampling()) GTEST_SKIP() << "this driver cannot";
   surface->setMultisampling(true);
-  surface->renderContext()->drawRectWithBrush(VELBrush2D::solid(redCode), 0.0f, 0.0f, 10.5f, 20.0f);
+  rect(VELBrush2D::solid(redCode), 0.0f, 0.0f, 10.5f, 20.0f);
   frame();
   EXPECT_EQ(at(9, 10), red);
   EXPECT_EQ(at(11, 10), black);
   EXPECT_GT(at(10, 10)[0], 60);
   EXPECT_LT(at(10, 10)[0], 200);
   EXPECT_EQ(at(10, 10)[3], 255);
-}
-
-// A stranger on the same context may leave any state behind; frames and resized frames come out the same.
-TEST_F(GLSurface, AFrameDependsOnNoStateThatOthersLeft) {
-  create(20, 10, 1);
-  surface->renderContext()->drawRectWithBrush(VELBrush2D::solid(redCode), 0, 0, 10, 10);
-  frame();
-  const auto before = pixels;
-  VELGL& gl = host->glContext()->gl();
-  gl.enable(VELGL_CULL_FACE);
-  gl.disable(VELGL_BLEND);
-  gl.disable(VELGL_SCISSOR_TEST);
-  gl.scissor(0, 0, 1, 1);
-  gl.viewport(0, 0, 3, 3);
-  gl.useProgram(0);
-  gl.bindBuffer(VELGL_ARRAY_BUFFER, 0);
-  gl.activeTexture(VELGL_TEXTURE1);
-  gl.bindTexture(VELGL_TEXTURE_2D, 0);
-  frame();
-  EXPECT_EQ(pixels, before);
-  surface->setFrame({0, 0, 40, 10});
-  surface->layoutIfNeeded();
-  frame();
-  EXPECT_EQ(at(9, 5), red);
-  EXPECT_EQ(at(10, 5), black);
-  EXPECT_EQ(surface->layer().width(), 40);
 }
 
 }  // namespace

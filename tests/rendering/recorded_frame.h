@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <numeric>
 #include <span>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -73,7 +73,6 @@ inline std::vector<DrawnStrip> replay(VELOpenGLRenderContext& context, Recording
 }
 
 using Places = std::vector<std::pair<float, float>>;
-
 inline Places placesOf(const DrawnStrip& strip) {
   Places places;
   for (const VELVertex& vertex : strip.vertices) places.emplace_back(vertex.x, vertex.y);
@@ -82,8 +81,8 @@ inline Places placesOf(const DrawnStrip& strip) {
 
 /// Numbers of a range, for what must be consecutive.
 inline std::vector<uint16_t> consecutive(uint16_t from, size_t count) {
-  std::vector<uint16_t> numbers;
-  for (size_t i = 0; i < count; ++i) numbers.push_back(static_cast<uint16_t>(from + i));
+  std::vector<uint16_t> numbers(count);
+  std::iota(numbers.begin(), numbers.end(), from);
   return numbers;
 }
 

@@ -10,6 +10,8 @@ class TestGradient final : public VELPen2D {
  public:
   explicit TestGradient(uint32_t code, size_t length = 256) : _ramp(length, code) {}
 
+  std::vector<double> area;  ///< that it was last told to span
+
   uint32_t colorCode() const override { return _ramp.front(); }
   void getColorCode(uint32_t& code, uint16_t& x, uint16_t& y, double atX, double) const override {
     code = 0;
@@ -25,6 +27,7 @@ class TestGradient final : public VELPen2D {
   void apply(VELShaderAttributes& attributes) const override {
     VELBrushShaderController::o_applyDefaultBrushShader(attributes);
   }
+  void setDrawingAreaX(double x, double y, double w, double h) override { area = {x, y, w, h}; }
   int32_t gradientIndex() const override { return _index; }
   void setGradientIndex(int32_t index) override { _index = index; }
   std::span<const uint32_t> getGradientData() const override { return _ramp; }

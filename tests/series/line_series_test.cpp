@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <numbers>
 
+#include "tests/support/reason_of.h"
 #include "tests/support/recording_chart.h"
-#include "velmora/axes/double_coordinate_calculator.h"
 #include "velmora/axes/flipped_double_coordinate_calculator.h"
 #include "velmora/axes/numeric_axis.h"
 #include "velmora/data/point_series.h"
@@ -18,9 +19,8 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 // One data unit is one point; y grows downwards with the screen.
-std::shared_ptr<VELCoordinateCalculator> identity(bool horizontal, bool flippedFlag = false) {
-  return std::make_shared<VELFlippedDoubleCoordinateCalculator>(101.0, 0.0, 100.0, true, horizontal,
-                                                                flippedFlag);
+std::shared_ptr<VELCoordinateCalculator> identity(bool horizontal, bool flipped = false) {
+  return std::make_shared<VELFlippedDoubleCoordinateCalculator>(101.0, 0.0, 100.0, true, horizontal, flipped);
 }
 
 // A series with its points, drawn into a recording context of 200 by 100 points.
@@ -51,82 +51,84 @@ struct DrawnSeries {
   std::shared_ptr<const VELRenderPassData> data;
 };
 
-TEST(LineSeries, DrawsItsPointsStraightOrInSteps) {
-  DrawnSeries line({0, 1, 2}, {0, 1, 0});
-  EXPECT_EQ(line.polyline(), (std::vector<double>{0, 0, 1, 1, 2, 0}));
-  line.series->style()->setIsDigitalLine(true);
-  EXPECT_EQ(line.polyline(), (std::vector<double>{0, 0, 1, 0, 1, 1, 2, 1, 2, 0}));
-}
-
-TEST(LineSeries, AVerticalChartSwapsAfterTheCornersAreChosen) {
-  DrawnSeries line({0, 1, 2}, {5, 6, 7}, true);
-  EXPECT_TRUE(line.data->isVerticalChart());
-  EXPECT_EQ(line.polyline(), (std::vector<double>{5, 0, 6, 1, 7, 2}));
-  line.series->style()->setIsDigitalLine(true);
-  EXPECT_EQ(line.polyline(), (std::vector<double>{5, 0, 5, 1, 6, 1, 6, 2, 7, 2}));
-}
-
-TEST(LineSeries, LeadingGapsAreLeftOutAndLaterOnesHandedOn) {
-  DrawnSeries line({0, 1, 2, 3}, {kNaN, kNaN, 3, 4});
-  EXPECT_EQ(line.polyline(), (std::vector<double>{2, 3, 3, 4}));
-  DrawnSeries gap({0, 1, 2}, {1, kNaN, 3});
-  const auto points = gap.polyline();
-  ASSERT_EQ(points.size(), 6u);
-  EXPECT_TRUE(std::isnan(points[3]));
-  EXPECT_TRUE(DrawnSeries({0, 1}, {kNaN, kNaN}).polyline().empty());
-  EXPECT_EQ(DrawnSeries({4}, {2}).polyline(), (std::vector<double>{4, 2}));
+TEST(LineSeries, DrawsItsPointsStraightOrInStepsAlsoOnVerticalCharts) {
+  const struct {
+    std::vector<double> xs, ys;
+    bool vertical;
+    std::vector<double> straight, digital;
+  } rows[] = {
+      {{0, 1, 2}, {0, 1, 0}, false, {0, 0, 1, 1, 2, 0}, {0, 0, 1, 0, 1, 1, 2, 1, 2, 0}},
+      {{0, 1, 2},
+       {5, 6, 7},
+       true,
+       {5, 0, 6, 1, 7, 2},
+       {5, 0, 5, 1, 6, 1, 6, 2, 7, 2}},                                             // corners, then swapped
+      {{0, 1, 2, 3}, {kNaN, kNaN, 3, 4}, false, {2, 3, 3, 4}, {2, 3, 3, 3, 3, 4}},  // leading gaps left out
+      {{0, 1}, {kNaN, kNaN}, false, {}, {}},
+      {{4}, {2}, false, {4, 2}, {4, 2}}};
+  for (const auto& row : rows) {
+    DrawnSeries line(row.xs, row.ys, row.vertical);
+    EXPECT_EQ(line.polyline(), row.straight);
+    line.series->style()->setIsDigitalLine(true);
+    EXPECT_EQ(line.polyline(), row.digital);
+    EXPECT_EQ(line.data->isVerticalChart(), row.vertical);
+  }
+  const auto gap = DrawnSeries({0, 1, 2}, {1, kNaN, 3}).polyline();
+  ASSERT_EQ(gap.size(), 6u);
+  EXPECT_TRUE(std::isnan(gap[3])) << "a later gap is handed on";
 }
 
 TEST(LineSeries, NothingIsDrawnWithoutSomethingToDraw) {
-  DrawnSeries hidden({0, 1}, {0, 1});
-  hidden.series->setIsVisible(false);
-  EXPECT_TRUE(hidden.polyline().empty());
-  EXPECT_EQ(hidden.series->currentRenderPassData(), hidden.data) << "the record is kept all the same";
-
-  DrawnSeries noData({0, 1}, {0, 1});
-  noData.series->setDataSeries(nullptr);
-  EXPECT_TRUE(noData.polyline().empty());
-
-  DrawnSeries noPen({0, 1}, {0, 1});
-  noPen.series->style()->setLinePen(nullptr);
-  EXPECT_TRUE(noPen.polyline().empty());
-
-  for (const VELSize size : {VELSize{0.0, 100.0}, VELSize{100.0, 0.0}, VELSize{1.0, 1.0}}) {
-    DrawnSeries tiny({0, 1}, {0, 1});
-    tiny.surface->setFrame({0.0, 0.0, size.width, size.height});
-    EXPECT_TRUE(tiny.polyline().empty());
+  const std::function<void(DrawnSeries&)> rows[] = {
+      [](DrawnSeries& drawn) { drawn.series->setIsVisible(false); },
+      [](DrawnSeries& drawn) { drawn.series->setDataSeries(nullptr); },
+      [](DrawnSeries& drawn) { drawn.series->style()->setLinePen(nullptr); },
+      [](DrawnSeries& drawn) {
+        drawn.surface->setFrame({0.0, 0.0, 0.0, 100.0});
+      },
+      [](DrawnSeries& drawn) {
+        drawn.surface->setFrame({0.0, 0.0, 100.0, 0.0});
+      },
+      [](DrawnSeries& drawn) {
+        drawn.surface->setFrame({0.0, 0.0, 1.0, 1.0});
+      }};
+  for (const auto& takeAway : rows) {
+    DrawnSeries drawn({0, 1}, {0, 1});
+    ASSERT_FALSE(drawn.polyline().empty());
+    takeAway(drawn);
+    EXPECT_TRUE(drawn.polyline().empty());
+    EXPECT_EQ(drawn.series->currentRenderPassData(), drawn.data) << "the record is kept all the same";
   }
 }
 
 TEST(LineSeries, AStyleIsCopiedAndItsChangesShow) {
   RecordingChart chart;
-  const auto series = std::make_shared<VELFastLineRenderableSeries>();
+  auto series = std::make_shared<VELFastLineRenderableSeries>();
   EXPECT_EQ(series->style()->linePen()->colorCode(), 0xFF50A0F0u);
   EXPECT_EQ(series->style()->linePen()->strokeThickness(), 1.0f);
   EXPECT_EQ(series->resamplingMode(), VELResamplingMode_MinMax);
   chart.surface->attachRenderableSeries(series);
-  const auto redraws = [&](auto change) {
-    chart.tick();
-    EXPECT_FALSE(chart.view->recording->needRedraw());
-    change();
-    return chart.view->recording->needRedraw();
-  };
-  EXPECT_TRUE(redraws([&] { series->style()->setIsDigitalLine(true); }));
-  EXPECT_FALSE(redraws([&] { series->setIsVisible(false); })) << "visibility waits for the next redraw";
-  EXPECT_TRUE(redraws([&] { series->setDataSeries(nullptr); }));
-
   VELLineSeriesStyle style;
   style.setLinePen(VELPen2D::solid(7, 2.0f));
   const auto old = series->style();
-  series->setStyle(style);
+  const std::pair<std::function<void()>, bool> rows[] = {
+      {[&] { series->style()->setIsDigitalLine(true); }, true},
+      {[&] { series->setIsVisible(false); }, false},  // visibility waits for the next redraw
+      {[&] { series->setDataSeries(nullptr); }, true},
+      {[&] { series->setStyle(style); }, true},
+      {[&] { style.setIsDigitalLine(true); }, false},
+      {[&] { old->setIsDigitalLine(false); }, false}};  // a replaced style is no longer heard
+  for (size_t i = 0; i < std::size(rows); ++i) {
+    chart.tick();
+    EXPECT_FALSE(chart.view->recording->needRedraw());
+    rows[i].first();
+    EXPECT_EQ(chart.view->recording->needRedraw(), rows[i].second) << i;
+  }
   EXPECT_NE(series->style()->linePen(), style.linePen());
   EXPECT_EQ(series->style()->linePen()->colorCode(), 7u);
-  EXPECT_FALSE(redraws([&] { style.setIsDigitalLine(true); }));
-  EXPECT_FALSE(redraws([&] { old->setIsDigitalLine(false); })) << "a replaced style is no longer heard";
-
-  auto gone = std::make_shared<VELFastLineRenderableSeries>();
-  const auto block = gone->style()->styleChanged();
-  gone.reset();
+  const auto block = series->style()->styleChanged();
+  chart.surface->detachRenderableSeries(series);
+  series.reset();
   block();  // a copy of the block finds nobody
 }
 
@@ -138,14 +140,9 @@ TEST(SeriesBase, WidthOfAPointIsTheNarrowestGap) {
   };
   EXPECT_EQ(width(0.5), 5.0f);
   EXPECT_EQ(width(0.0), 0.0f);
-  for (const double wrong : {1.5, -0.1, kNaN}) {
-    try {
-      width(wrong);
-      FAIL() << wrong;
-    } catch (const VELInvalidArgumentException& error) {
-      EXPECT_STREQ(error.what(), "WidthFraction should be between 0.0 and 1.0 inclusive");
-    }
-  }
+  for (const double wrong : {1.5, -0.1, kNaN})
+    EXPECT_EQ(reasonOf<VELInvalidArgumentException>([&] { width(wrong); }),
+              "WidthFraction should be between 0.0 and 1.0 inclusive");
 }
 
 TEST(SeriesBase, ZeroLineAndRotationFollowThePass) {
@@ -153,11 +150,10 @@ TEST(SeriesBase, ZeroLineAndRotationFollowThePass) {
   EXPECT_TRUE(std::isnan(drawn.series->getYZeroCoord()));
   drawn.polyline();
   EXPECT_TRUE(std::isnan(drawn.series->getYZeroCoord()));
-  drawn.series->setZeroLineY(40.0);
-  EXPECT_EQ(drawn.series->getYZeroCoord(), 40.0);
-  drawn.series->setZeroLineY(5000.0);
-  EXPECT_EQ(drawn.series->getYZeroCoord(), 101.0) << "one point past the far edge";
-
+  for (const auto& [zero, expected] : {std::pair{40.0, 40.0}, {5000.0, 101.0}}) {
+    drawn.series->setZeroLineY(zero);
+    EXPECT_EQ(drawn.series->getYZeroCoord(), expected) << "at most one point past the far edge";
+  }
   EXPECT_EQ(drawn.series->getChartRotationAngle(*drawn.data), 0.0);
   const DrawnSeries vertical({0, 1}, {0, 1}, true);
   EXPECT_EQ(vertical.series->getChartRotationAngle(*vertical.data), std::numbers::pi / 2.0);

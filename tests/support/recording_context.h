@@ -14,7 +14,7 @@
 /// One recorded operation with its numbers.
 struct RecordedOperation {
   std::string name;
-  std::vector<double> numbers;
+  std::vector<double> numbers = {};
   uint32_t colorCode = 0;
 };
 
@@ -41,10 +41,7 @@ class RecordingContext : public VELRenderContext2D {
   VELSize viewportSize() const override {
     return _surface.lock() ? _surface.lock()->chartFrame().size() : VELSize{};
   }
-  void clear() override {
-    operations.clear();
-    operations.push_back({"clear", {}, 0});
-  }
+  void clear() override { operations = {{"clear"}}; }
   void performDrawingCommands() override {}
   void drawLineWithBrush(const VELPenPtr& pen, float x1, float y1, float x2, float y2) override {
     add("line", {x1, y1, x2, y2}, pen);
@@ -65,9 +62,9 @@ class RecordingContext : public VELRenderContext2D {
     }
     add("polyline", std::move(points), pen);
   }
-  void beginNewPrimitive() override { operations.push_back({"new", {}, 0}); }
+  void beginNewPrimitive() override { operations.push_back({"new"}); }
   void setDrawingArea(const VELRect& area) override {
-    operations.push_back({"area", {area.x, area.y, area.width, area.height}, 0});
+    operations.push_back({"area", {area.x, area.y, area.width, area.height}});
   }
   const std::function<void()>& invalidated() const override { return _invalidated; }
   void setInvalidated(std::function<void()> invalidated) override { _invalidated = std::move(invalidated); }
@@ -105,10 +102,12 @@ class RecordingSurface : public VELRenderSurfaceBase {
   }
 
   explicit RecordingSurface(const VELRect& frame) : VELRenderSurfaceBase(frame) {}
+  std::shared_ptr<VELDisplayLink> displayLink() const override { return link; }
   void drawBackground(VELRenderContext2D& context, const VELRenderSurfaceStyle&) override {
     context.drawRectWithBrush(nullptr, 0.0f, 0.0f, 1.0f, 1.0f);
   }
 
+  std::shared_ptr<VELDisplayLink> link = std::make_shared<VELDisplayLink>();
   std::shared_ptr<RecordingContext> render;
   std::shared_ptr<RecordingContext> modifier;
   std::shared_ptr<RecordingContext> background;

@@ -1,26 +1,31 @@
 // support/recording_gl.h: a GL context without a driver that lists every call.
 //
-// Calls are short strings such as "bindBuffer(ARRAY,1)"; uploaded bytes lie beside them. Objects are numbered
-// from 1 in each kind. The stores of buffers are kept, so that a test can read what a draw call would show.
+// Calls are short strings such as "bindBuffer(ARRAY,1)", those that no test reads without their arguments;
+// uploaded bytes lie beside them. Objects are numbered from 1 in each kind. The stores of buffers are kept,
+// so that a test can read what a draw call would show.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "velmora/platform/gl_context.h"
 
-using CallTexts = std::vector<std::string>;
-
 struct RecordedCall {
   std::string text;
-  std::vector<std::byte> bytes;  ///< of an upload
-  std::vector<float> floats;     ///< of a matrix
+  std::vector<std::byte> bytes = {};  ///< of an upload
+  std::vector<float> floats = {};     ///< of a matrix
 };
+
+/// A number that is listed as the constant which it stands for.
+struct Constant {
+  uint32_t value;
+};
+std::ostream& operator<<(std::ostream& out, Constant constant);
 
 class RecordingGL final : public VELGL {
  public:
@@ -29,10 +34,9 @@ class RecordingGL final : public VELGL {
   uint32_t framebufferStatus = VELGL_FRAMEBUFFER_COMPLETE;
   int32_t compiles = 1;  ///< what the driver says of every shader and program
 
-  CallTexts texts() const;
-  /// Calls whose text starts with @p prefix, in order.
-  CallTexts texts(const std::string& prefix) const;
-  size_t count(const std::string& prefix) const { return texts(prefix).size(); }
+  /// Calls whose text starts with @p prefix, in order, with a space between them.
+  std::string texts(const std::string& prefix = "") const;
+  size_t count(const std::string& prefix) const;
   /// The last call that starts with @p prefix, which must be there.
   const RecordedCall& last(const std::string& prefix) const;
   /// Bytes sent to buffers and textures.
@@ -43,78 +47,128 @@ class RecordingGL final : public VELGL {
 
   uint32_t genBuffer() override { return gen("Buffer"); }
   void deleteBuffer(uint32_t buffer) override { remove("Buffer", buffer); }
-  void bindBuffer(uint32_t target, uint32_t buffer) override;
+  void bindBuffer(uint32_t target, uint32_t buffer) override {
+    add("bindBuffer", Constant{target}, _bound[target] = buffer);
+  }
   void bufferData(uint32_t target, size_t bytes, const void* data, uint32_t usage) override;
   void bufferSubData(uint32_t target, size_t offset, size_t bytes, const void* data) override;
-  void enableVertexAttribArray(uint32_t slot) override;
-  void disableVertexAttribArray(uint32_t slot) override;
+  void enableVertexAttribArray(uint32_t slot) override { add("enableVertexAttribArray", slot); }
+  void disableVertexAttribArray(uint32_t slot) override { add("disableVertexAttribArray", slot); }
   void vertexAttribPointer(uint32_t slot, int32_t size, uint32_t type, bool normalized, int32_t stride,
-                           size_t offset) override;
-  void drawElements(uint32_t mode, int32_t count, uint32_t type, size_t offset) override;
-  void drawArrays(uint32_t mode, int32_t first, int32_t count) override;
-  uint32_t createShader(uint32_t type) override;
-  void shaderSource(uint32_t shader, std::string_view source) override;
-  void compileShader(uint32_t shader) override;
-  int32_t getShader(uint32_t shader, uint32_t name) override;
+                           size_t offset) override {
+    add("vertexAttribPointer", slot, size, Constant{type}, normalized, stride, offset);
+  }
+  void drawElements(uint32_t mode, int32_t count, uint32_t type, size_t offset) override {
+    add("drawElements", Constant{mode}, count, Constant{type}, offset);
+  }
+  void drawArrays(uint32_t, int32_t, int32_t) override { add("drawArrays"); }
+  uint32_t createShader(uint32_t) override { return gen("Shader"); }
+  void shaderSource(uint32_t shader, std::string_view source) override {
+    add("shaderSource", shader).bytes = copyOf(source.data(), source.size());
+  }
+  void compileShader(uint32_t shader) override { add("compileShader", shader); }
+  int32_t getShader(uint32_t, uint32_t) override { return compiles; }
   std::string getShaderInfoLog(uint32_t, size_t) override { return "the shader is wrong"; }
   void deleteShader(uint32_t shader) override { remove("Shader", shader); }
   uint32_t createProgram() override { return gen("Program"); }
-  void attachShader(uint32_t program, uint32_t shader) override;
-  void bindAttribLocation(uint32_t program, uint32_t slot, std::string_view name) override;
-  void linkProgram(uint32_t program) override;
-  int32_t getProgram(uint32_t program, uint32_t name) override;
+  void attachShader(uint32_t program, uint32_t shader) override { add("attachShader", program, shader); }
+  void bindAttribLocation(uint32_t program, uint32_t slot, std::string_view name) override {
+    add("bindAttribLocation", program, slot, name);
+  }
+  void linkProgram(uint32_t program) override { add("linkProgram", program); }
+  int32_t getProgram(uint32_t, uint32_t) override { return compiles; }
   std::string getProgramInfoLog(uint32_t, size_t) override { return "the program is wrong"; }
   void deleteProgram(uint32_t program) override { remove("Program", program); }
-  void useProgram(uint32_t program) override;
-  int32_t getAttribLocation(uint32_t program, std::string_view name) override;
-  int32_t getUniformLocation(uint32_t program, std::string_view name) override;
-  void uniform1i(int32_t location, int32_t value) override;
-  void uniform4f(int32_t location, float x, float y, float z, float w) override;
-  void uniformMatrix4fv(int32_t location, std::span<const float, 16> matrix) override;
+  void useProgram(uint32_t program) override { add("useProgram", program); }
+  int32_t getAttribLocation(uint32_t, std::string_view name) override {
+    return name == "Position" ? 0 : name == "SourceColor" ? 1 : 2;
+  }
+  int32_t getUniformLocation(uint32_t, std::string_view name) override {
+    return name == "Projection" ? 7 : 8;
+  }
+  void uniform1i(int32_t location, int32_t value) override { add("uniform1i", location, value); }
+  void uniform4f(int32_t, float, float, float, float) override { add("uniform4f"); }
+  void uniformMatrix4fv(int32_t location, std::span<const float, 16> matrix) override {
+    add("uniformMatrix4fv", location).floats.assign(matrix.begin(), matrix.end());
+  }
   uint32_t genTexture() override { return gen("Texture"); }
   void deleteTexture(uint32_t texture) override { remove("Texture", texture); }
   bool isTexture(uint32_t texture) override { return _live.contains("Texture" + std::to_string(texture)); }
-  void activeTexture(uint32_t unit) override;
-  void bindTexture(uint32_t target, uint32_t texture) override;
-  void texParameteri(uint32_t target, uint32_t name, int32_t value) override;
+  void activeTexture(uint32_t unit) override { add("activeTexture", Constant{unit}); }
+  void bindTexture(uint32_t target, uint32_t texture) override {
+    add("bindTexture", Constant{target}, texture);
+  }
+  void texParameteri(uint32_t target, uint32_t name, int32_t value) override {
+    add("texParameteri", Constant{target}, Constant{name}, Constant{static_cast<uint32_t>(value)});
+  }
   void texImage2D(uint32_t target, uint32_t format, int32_t width, int32_t height,
-                  const void* pixels) override;
+                  const void* pixels) override {
+    add("texImage2D", Constant{target}, Constant{format}, width, height).bytes =
+        copyOf(pixels, pixelBytes(width, height));
+  }
   void texSubImage2D(uint32_t target, int32_t x, int32_t y, int32_t width, int32_t height, uint32_t format,
-                     const void* pixels) override;
-  void pixelStorei(uint32_t name, int32_t value) override;
+                     const void* pixels) override {
+    add("texSubImage2D", Constant{target}, x, y, width, height, Constant{format}).bytes =
+        copyOf(pixels, pixelBytes(width, height));
+  }
+  void pixelStorei(uint32_t, int32_t) override { add("pixelStorei"); }
   uint32_t genFramebuffer() override { return gen("Framebuffer"); }
   void deleteFramebuffer(uint32_t framebuffer) override { remove("Framebuffer", framebuffer); }
-  void bindFramebuffer(uint32_t target, uint32_t framebuffer) override;
-  void framebufferTexture2D(uint32_t target, uint32_t attachment, uint32_t texTarget,
-                            uint32_t texture) override;
-  void framebufferRenderbuffer(uint32_t target, uint32_t attachment, uint32_t renderbuffer) override;
+  void bindFramebuffer(uint32_t target, uint32_t framebuffer) override {
+    add("bindFramebuffer", Constant{target}, framebuffer);
+  }
+  void framebufferTexture2D(uint32_t, uint32_t, uint32_t, uint32_t) override { add("framebufferTexture2D"); }
+  void framebufferRenderbuffer(uint32_t, uint32_t, uint32_t) override { add("framebufferRenderbuffer"); }
   uint32_t checkFramebufferStatus(uint32_t) override { return framebufferStatus; }
   uint32_t genRenderbuffer() override { return gen("Renderbuffer"); }
   void deleteRenderbuffer(uint32_t renderbuffer) override { remove("Renderbuffer", renderbuffer); }
-  void bindRenderbuffer(uint32_t renderbuffer) override;
-  void readPixels(int32_t x, int32_t y, int32_t width, int32_t height, void* pixels) override;
+  void bindRenderbuffer(uint32_t renderbuffer) override { add("bindRenderbuffer", renderbuffer); }
+  void readPixels(int32_t, int32_t, int32_t, int32_t, void*) override { add("readPixels"); }
   bool hasMultisampling() override { return multisampling; }
   void renderbufferStorageMultisample(int32_t samples, uint32_t format, int32_t width,
-                                      int32_t height) override;
-  void blitColor(int32_t width, int32_t height) override;
-  void invalidateFramebuffer(uint32_t target, uint32_t attachment) override;
-  void enable(uint32_t capability) override;
-  void disable(uint32_t capability) override;
+                                      int32_t height) override {
+    add("renderbufferStorageMultisample", samples, Constant{format}, width, height);
+  }
+  void blitColor(int32_t width, int32_t height) override { add("blitColor", width, height); }
+  void invalidateFramebuffer(uint32_t target, uint32_t attachment) override {
+    add("invalidateFramebuffer", Constant{target}, Constant{attachment});
+  }
+  void enable(uint32_t capability) override { add("enable", Constant{capability}); }
+  void disable(uint32_t capability) override { add("disable", Constant{capability}); }
   void blendFuncSeparate(uint32_t sourceColor, uint32_t targetColor, uint32_t sourceAlpha,
-                         uint32_t targetAlpha) override;
-  void clearColor(float red, float green, float blue, float alpha) override;
-  void clear(uint32_t mask) override;
-  void viewport(int32_t x, int32_t y, int32_t width, int32_t height) override;
-  void scissor(int32_t x, int32_t y, int32_t width, int32_t height) override;
+                         uint32_t targetAlpha) override {
+    add("blendFuncSeparate", Constant{sourceColor}, Constant{targetColor}, Constant{sourceAlpha},
+        Constant{targetAlpha});
+  }
+  void clearColor(float red, float green, float blue, float alpha) override {
+    add("clearColor", red, green, blue, alpha);
+  }
+  void clear(uint32_t mask) override { add("clear", Constant{mask}); }
+  void viewport(int32_t x, int32_t y, int32_t width, int32_t height) override {
+    add("viewport", x, y, width, height);
+  }
+  void scissor(int32_t x, int32_t y, int32_t width, int32_t height) override {
+    add("scissor", x, y, width, height);
+  }
   int32_t getInteger(uint32_t) override { return 16384; }
   std::string getString(uint32_t) override { return "recorder"; }
   uint32_t getError() override { return VELGL_NO_ERROR; }
   void finish() override {}
 
  private:
-  RecordedCall& add(std::string text);
+  template <typename... Arguments>
+  RecordedCall& add(const std::string& function, const Arguments&... arguments) {
+    std::ostringstream out;
+    const char* before = "(";
+    out << function;
+    ((out << before << arguments, before = ","), ...);
+    out << (*before == '(' ? "()" : ")");
+    return calls.emplace_back(RecordedCall{out.str()});
+  }
   uint32_t gen(const std::string& kind);
   void remove(const std::string& kind, uint32_t name);
+  static std::vector<std::byte> copyOf(const void* data, size_t bytes);
+  static size_t pixelBytes(int32_t width, int32_t height) { return static_cast<size_t>(4 * width * height); }
 
   std::map<std::string, uint32_t> _names;
   std::set<std::string> _live;

@@ -2,13 +2,16 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "tests/support/recording_gl.h"
 #include "velmora/platform/host.h"
 
 class RecordingHost final : public VELHost {
  public:
-  explicit RecordingHost(double contentScale = 1.0) : _contentScale(contentScale) {}
+  explicit RecordingHost(double contentScale = 1.0,
+                         std::shared_ptr<VELGLContext> context = std::make_shared<RecordingGLContext>())
+      : _context(std::move(context)), _contentScale(contentScale) {}
 
   const std::shared_ptr<VELGLContext>& glContext() const override { return _context; }
   const std::shared_ptr<VELDisplayLink>& displayLink() const override { return _displayLink; }
@@ -27,7 +30,7 @@ class RecordingHost final : public VELHost {
   }
 
  private:
-  std::shared_ptr<VELGLContext> _context = std::make_shared<RecordingGLContext>();
+  std::shared_ptr<VELGLContext> _context;
   std::shared_ptr<VELDisplayLink> _displayLink = std::make_shared<VELDisplayLink>();
   std::shared_ptr<VELView> _rootView = std::make_shared<VELView>();
   double _contentScale;

@@ -4,11 +4,11 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <utility>
 
 #include "tests/support/calling_label_provider.h"
 #include "tests/support/recording_chart.h"
 #include "tests/support/recording_host.h"
-#include "velmora/axes/label_provider.h"
 #include "velmora/axes/numeric_axis.h"
 #include "velmora/rendering/visual_style.h"
 
@@ -39,10 +39,13 @@ TEST(ChartSurfaceView, PlacesFrameAndAreasEdgeToEdgeInsideItself) {
   for (const VELSize size :
        {VELSize{1280, 720}, VELSize{640.5, 360.25}, VELSize{320, 240}, VELSize{60, 30}, VELSize{0, 0}}) {
     for (const char* title : {"", "A title"}) {
-      Chart chart({7.0, 9.0, size.width, size.height});
-      chart.view->surface()->setChartTitle(title);
-      chart.host.settle();
+      Chart chart({7.0, 9.0, size.width, size.height}), dense({7.0, 9.0, size.width, size.height}, 2.0);
+      for (Chart* const one : {&chart, &dense}) {
+        one->view->surface()->setChartTitle(title);
+        one->host.settle();
+      }
       const VELRect frame = chart.view->surface()->chartFrame();
+      EXPECT_EQ(dense.view->surface()->chartFrame(), frame) << "the layout is the same at every density";
       for (const double number : {frame.x, frame.y, frame.width, frame.height})
         EXPECT_EQ(number, std::floor(number)) << "off the grid of points";
       EXPECT_GE(frame.width, 0.0);
@@ -69,11 +72,6 @@ TEST(ChartSurfaceView, PlacesFrameAndAreasEdgeToEdgeInsideItself) {
       EXPECT_TRUE(*title == '\0' || label.bottom() <= frame.y);
     }
   }
-}
-
-TEST(ChartSurfaceView, LayoutIsTheSameAtEveryDensity) {
-  const Chart one({0.0, 0.0, 640.0, 360.0}, 1.0), two({0.0, 0.0, 640.0, 360.0}, 2.0);
-  EXPECT_EQ(one.view->surface()->chartFrame(), two.view->surface()->chartFrame());
 }
 
 TEST(ChartSurfaceView, ForcedSidesKeepTheirSizeAndCauseNoMoreLayouts) {
@@ -103,27 +101,25 @@ TEST(ChartSurfaceView, ALayoutThatRaisesIsNotTheLast) {
 }
 
 TEST(ChartSurfaceView, DestructionFreesEveryGlObject) {
-  auto host = std::make_unique<RecordingHost>();
-  auto view = VELChartSurfaceView::initWithFrame({0.0, 0.0, 200.0, 100.0}, *host);
-  host->rootView()->addSubview(view);
-  auto second = VELChartSurfaceView::initWithFrame({0.0, 0.0, 50.0, 50.0}, *host);
-  host->rootView()->addSubview(second);
-  host->settle();
-  const auto context = host->glContext();
-  EXPECT_GT(host->gl().liveObjects(), 0u);
+  RecordingHost host;
+  auto view = VELChartSurfaceView::initWithFrame({0.0, 0.0, 200.0, 100.0}, host),
+       second = VELChartSurfaceView::initWithFrame({0.0, 0.0, 50.0, 50.0}, host);
+  for (const auto& one : {view, second}) host.rootView()->addSubview(one);
+  host.settle();
+  EXPECT_GT(host.gl().liveObjects(), 0u);
 
   // One chart goes, the other goes on drawing on the same context.
   view->removeFromSuperview();
   view.reset();
   second->surface()->invalidateElement();
-  host->gl().calls.clear();
-  host->tick();
-  EXPECT_GT(host->gl().count("clear("), 0u);
+  host.gl().calls.clear();
+  host.tick();
+  EXPECT_GT(host.gl().count("clear("), 0u);
 
   second->removeFromSuperview();
   second.reset();
-  EXPECT_EQ(host->gl().liveObjects(), 0u);
-  host->tick();
+  EXPECT_EQ(host.gl().liveObjects(), 0u);
+  host.tick();
 }
 
 TEST(ChartSurfaceView, APassSurvivesWhatItsCallbacksDo) {
@@ -140,10 +136,7 @@ TEST(ChartSurfaceView, APassSurvivesWhatItsCallbacksDo) {
   for (const auto& action : meddling) {
     bool done = false;
     chart.bottom->setLabelProvider(std::make_shared<CallingLabelProvider>([&] {
-      if (!done) {
-        done = true;
-        action();
-      }
+      if (!std::exchange(done, true)) action();
     }));
     surface.invalidateElement();
     chart.host.tick();

@@ -10,6 +10,10 @@ namespace {
 
 // However long the labels are, so much of the chart's width or height is the most for one side.
 constexpr double kLargestShare = 0.4;
+// Points between two axes of one side: the title of the inner one is not to touch the ticks of the outer one.
+constexpr double kGap = 10.0;
+
+double gaps(size_t axisCount) { return axisCount < 2 ? 0.0 : kGap * static_cast<double>(axisCount - 1); }
 
 }  // namespace
 
@@ -50,7 +54,7 @@ void VELAxisArea::clear() {
 }
 
 float VELAxisArea::recommendedSize() const {
-  double size = 0.0;
+  double size = gaps(_items.size());
   for (const auto& item : _items) size += item->axisPanel()->recommendedSize();
   if (const auto chart = superview()) {
     const VELSize all = chart->frame().size();
@@ -73,7 +77,7 @@ void VELAxisArea::layout() {
     const double wanted = axis.axisPanel()->recommendedSize();
     return std::isnan(wanted) ? depth : wanted;
   };
-  double total = 0.0;
+  double total = gaps(_items.size());
   for (const auto& item : _items) total += depthOf(*item);
   const VELAxisAlignment side =
       _items.empty() ? VELAxisAlignment_Default : _items.front()->effectiveAlignment();
@@ -83,6 +87,6 @@ void VELAxisArea::layout() {
     const double own = depthOf(*item);
     item->axisPanel()->setFrame(vertical ? VELRect{at, 0.0, own, frame().height}
                                          : VELRect{0.0, at, frame().width, own});
-    at += own;
+    at += own + kGap;
   }
 }

@@ -35,6 +35,10 @@ void VELAxisBase::setAxisId(std::string id) {
 void VELAxisBase::setAxisAlignment(VELAxisAlignment alignment) {
   if (alignment == _axisAlignment) return;
   _axisAlignment = alignment;
+  placeChanged();
+}
+
+void VELAxisBase::placeChanged() {
   // The block may replace itself and may let go of this axis.
   const auto self = weak_from_this().lock();
   const auto block = _onAxisAlignmentChanged;
@@ -48,8 +52,9 @@ VELAxisAlignment VELAxisBase::effectiveAlignment() const {
 }
 
 void VELAxisBase::setIsCenterAxis(bool isCenterAxis) {
+  if (isCenterAxis == _isCenterAxis) return;
   _isCenterAxis = isCenterAxis;
-  invalidateElement();
+  placeChanged();
 }
 
 void VELAxisBase::setIsPrimaryAxis(bool isPrimaryAxis) {
@@ -136,7 +141,8 @@ int32_t VELAxisBase::p_VEL_getMajorTickIndex(double value) const {
   const auto* category =
       dynamic_cast<const VELICategoryCoordinateCalculator*>(_currentCoordinateCalculator.get());
   if (category) value = category->transformDataToIndex(value);
-  if (isLogarithmicAxis()) value = std::log(value) / std::log(logarithmicBase());
+  if (isLogarithmicAxis())
+    value = VELAxisScale::forBound(true, value).place(value) / std::abs(std::log(logarithmicBase()));
   double index = value / VELGenericDouble(majorDelta());
   // Numbers beyond 32 bits start again, downwards as well as upwards.
   if (std::abs(index) >= kLimit) index = (index / kLimit - std::trunc(index / kLimit)) * kLimit;

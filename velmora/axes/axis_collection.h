@@ -10,7 +10,7 @@
 #include "velmora/platform/export.h"
 
 /// Axes in order, held strongly. Look-ups beyond the collection answer null; null is never added.
-class VELMORA_API VELAxisCollection {
+class VELMORA_API VELAxisCollection : public std::enable_shared_from_this<VELAxisCollection> {
  public:
   VELAxisCollection() = default;
 

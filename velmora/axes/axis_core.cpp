@@ -1,6 +1,7 @@
 #include "velmora/axes/axis_core.h"
 
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <limits>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "velmora/axes/label_provider.h"
 #include "velmora/axes/tick_coordinates_provider.h"
 #include "velmora/axes/tick_provider.h"
+#include "velmora/data/ranges.h"
 #include "velmora/platform/exception.h"
 
 namespace {
@@ -24,9 +26,17 @@ std::string plainText(const VELGenericType& value) {
   return buffer.data();
 }
 
+bool isSameBound(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
+// Shows the same, whatever the classes are.
+bool isSameRange(const VELRangePtr& a, const VELRangePtr& b) {
+  if (!a || !b) return a == b;
+  return isSameBound(a->minAsDouble(), b->minAsDouble()) && isSameBound(a->maxAsDouble(), b->maxAsDouble());
+}
+
 }  // namespace
 
-VELAxisCore::VELAxisCore() {
+VELAxisCore::VELAxisCore() : _animationController(*this) {
   p_VEL_setCoreDefaults();
   _tickCoordinatesProvider = std::make_shared<VELTickCoordinatesProviderDefault>();
 }
@@ -50,6 +60,11 @@ void VELAxisCore::invalidateElement() {
   if (const auto surface = parentSurface()) surface->invalidateElement();
 }
 
+void VELAxisCore::setParentSurface(const std::weak_ptr<VELAxisSurface>& surface) {
+  if (surface.lock() != parentSurface()) _animationController.stop();
+  _parentSurface = surface;
+}
+
 void VELAxisCore::setFlipCoordinates(bool flip) {
   _flipCoordinates = flip;
   invalidateElement();
@@ -62,9 +77,27 @@ void VELAxisCore::setAutoTicks(bool autoTicks) {
 
 void VELAxisCore::setVisibleRange(const VELRangePtr& range) {
   if (range) p_VEL_validateVisibleRange(*range);
-  _visibleRange = range ? range->clone() : nullptr;
+  VELRangePtr own = range ? range->clone() : nullptr;
+  _animationController.stop();
+  p_VEL_applyVisibleRange(std::move(own), false);
+}
+
+void VELAxisCore::p_VEL_applyVisibleRange(VELRangePtr range, bool isAnimationChange) {
+  const VELRangePtr former = std::exchange(_visibleRange, std::move(range));
   _visibleRangeWasSet = true;
   invalidateElement();
+  if (_rangeCallbackHandler.isEmpty() || isSameRange(former, _visibleRange)) return;
+  // A block may let go of this axis.
+  const auto self = weak_from_this().lock();
+  _rangeCallbackHandler.notify(former, _visibleRange ? _visibleRange->clone() : nullptr, isAnimationChange);
+}
+
+uint64_t VELAxisCore::addOnVisibleRangeChanged(VELRangeChangedCallbackHandler::Block block) {
+  return _rangeCallbackHandler.add(std::move(block));
+}
+
+VELRangePtr VELAxisCore::toVisibleRangeMin(const VELGenericType& min, const VELGenericType& max) const {
+  return std::make_shared<VELDoubleRange>(min, max);
 }
 
 void VELAxisCore::setGrowBy(const VELRangePtr& fractions) {
@@ -120,8 +153,12 @@ void VELAxisCore::setMaxAutoTicks(int32_t count) {
 // Providers learn their axis when they are asked for: at construction nobody shares the axis yet, and a
 // provider that two axes share then works for the one that asks.
 std::shared_ptr<VELTickProvider> VELAxisCore::tickProvider() const {
-  if (_tickProvider) _tickProvider->setAxis(std::const_pointer_cast<VELAxisCore>(weak_from_this().lock()));
+  if (_tickProvider) bindTickProvider(*_tickProvider);
   return _tickProvider;
+}
+
+void VELAxisCore::bindTickProvider(VELTickProvider& provider) const {
+  provider.setAxis(std::const_pointer_cast<VELAxisCore>(weak_from_this().lock()));
 }
 
 void VELAxisCore::setTickProvider(std::shared_ptr<VELTickProvider> provider) {
@@ -168,7 +205,9 @@ bool VELAxisCore::isValidRange(const VELRangePtr& range) const {
 }
 
 bool VELAxisCore::isVisibleRangeValid() const {
-  return isValidRange(_visibleRange) && !_visibleRange->isZero();
+  // Infinite bounds, and finite ones that are too far apart for a double, have no place on a screen.
+  return isValidRange(_visibleRange) && !_visibleRange->isZero() &&
+         std::isfinite(_visibleRange->maxAsDouble() - _visibleRange->minAsDouble());
 }
 
 bool VELAxisCore::hasDefaultVisibleRange() const {

@@ -8,7 +8,9 @@
 #include <memory>
 #include <string>
 
+#include "velmora/axes/axis_resize_animation_helper.h"
 #include "velmora/axes/axis_surface.h"
+#include "velmora/axes/range_changed_callback_handler.h"
 #include "velmora/data/generic_type.h"
 #include "velmora/data/range.h"
 #include "velmora/platform/export.h"
@@ -44,7 +46,8 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
   void invalidateElement() override;
 
   std::shared_ptr<VELAxisSurface> parentSurface() const { return _parentSurface.lock(); }
-  void setParentSurface(const std::weak_ptr<VELAxisSurface>& surface) { _parentSurface = surface; }
+  /// Another surface ends a running animation where it is.
+  void setParentSurface(const std::weak_ptr<VELAxisSurface>& surface);
   bool isXAxis() const { return _isXAxis; }
   void setIsXAxis(bool isXAxis) { _isXAxis = isXAxis; }
   /// Lets values grow the other way.
@@ -55,7 +58,8 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
   void setAutoTicks(bool autoTicks);
   bool isStaticAxis() const { return _isStaticAxis; }
   void setIsStaticAxis(bool isStatic) { _isStaticAxis = isStatic; }
-  /// Kept for range animation, which comes with the gestures: until then every range is set at once.
+  /// Whether computed ranges are reached in `animatedChangeDuration` instead of at once; `setVisibleRange` is
+  /// always at once.
   bool animateVisibleRangeChanges() const { return _animateVisibleRangeChanges; }
   void setAnimateVisibleRangeChanges(bool animate) { _animateVisibleRangeChanges = animate; }
   double animatedChangeDuration() const { return _animatedChangeDuration; }
@@ -64,17 +68,29 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
   /// What the axis shows; null when none is set. It is the axis' own object: clone it before changing it,
   /// since a change in place is neither checked nor shown.
   const VELRangePtr& visibleRange() const { return _visibleRange; }
-  /// Keeps a clone. Null is taken and shows nothing.
+  /// Keeps a clone and ends a running animation. Null and what is no valid range of this kind of axis are
+  /// taken and show nothing.
   /// @throws VELException "Invalide operation" for a range of the wrong type, "Invalide argument" when its
   ///         minimum is above its maximum
   void setVisibleRange(const VELRangePtr& range);
+  /// Calls a block after each change to another range, with the former range, the new one, and whether it is
+  /// a step of an animation. See `VELRangeChangedCallbackHandler` for what the block may do.
+  /// @return its key for `removeOnVisibleRangeChanged`, never 0
+  uint64_t addOnVisibleRangeChanged(VELRangeChangedCallbackHandler::Block block);
+  void removeOnVisibleRangeChanged(uint64_t key) { _rangeCallbackHandler.remove(key); }
+  bool isAnimating() const { return _animationController.isRunning(); }
+  /// Where the visible range is going: the target of a running animation, else the visible range. Not to be
+  /// changed in place.
+  const VELRangePtr& visibleRangeTarget() const {
+    return isAnimating() ? _animationController.target() : _visibleRange;
+  }
   /// Fractions by which ranges from data are widened below and above; null for none.
   const VELRangePtr& growBy() const { return _growBy; }
   void setGrowBy(const VELRangePtr& fractions);
   VELAutoRange autoRange() const { return _autoRange; }
   void setAutoRange(VELAutoRange mode);
-  /// Smallest and largest span that zooming may reach, NaN for none; kept for the gestures, which will read
-  /// them.
+  /// Smallest and largest span that zooming may reach, NaN for none: in data units, seconds on a date axis,
+  /// powers of the base on a logarithmic one.
   const VELGenericType& minimalZoomConstrain() const { return _minimalZoomConstrain; }
   void setMinimalZoomConstrain(const VELGenericType& span) { _minimalZoomConstrain = span; }
   const VELGenericType& maximalZoomConstrain() const { return _maximalZoomConstrain; }
@@ -83,10 +99,11 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
   /// Shown along the axis, UTF-8; empty for none.
   const std::string& axisTitle() const { return _axisTitle; }
   void setAxisTitle(std::string title);
-  /// Format of tick labels; empty for none.
+  /// Format of tick labels; empty for none. Numeric axes pass over what is no format of a number
+  /// (axes/number_format.h), date axes write "yyyy-MM-dd" for a pattern that means nothing.
   const std::string& textFormatting() const { return _textFormatting; }
   void setTextFormatting(std::string format);
-  /// Format of cursor labels; empty for that of tick labels.
+  /// Format of cursor labels; empty for that of tick labels. A wrong one as above.
   const std::string& cursorTextFormatting() const { return _cursorTextFormatting; }
   void setCursorTextFormatting(std::string format);
   /// Formats labels of numeric axes where there is no text format; null for none.
@@ -121,9 +138,9 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
   std::string formatCursorText(const VELGenericType& value) const;
 
   /// The range is of a type that the axis takes, is defined, and its maximum is not below its minimum.
-  bool isValidRange(const VELRangePtr& range) const;
-  /// The visible range is valid and has a width. While it is not, the axis draws nothing.
-  bool isVisibleRangeValid() const;
+  virtual bool isValidRange(const VELRangePtr& range) const;
+  /// The visible range is valid and has a width, a finite one. While it is not, the axis draws nothing.
+  virtual bool isVisibleRangeValid() const;
   bool hasValidVisibleRange() const { return isVisibleRangeValid(); }
   /// True while the range was never set from outside and equals the default.
   bool hasDefaultVisibleRange() const;
@@ -132,6 +149,11 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
 
   /// Takes major and minor spacing from the delta calculator for the visible range, when `autoTicks` is on.
   void calculateDelta();
+
+  /// Equal factors are equally far apart instead of equal differences.
+  virtual bool isLogarithmicAxis() const { return false; }
+  /// Bounds as a new range of the kind that this axis sets: what is computed becomes one before it is set.
+  virtual VELRangePtr toVisibleRangeMin(const VELGenericType& min, const VELGenericType& max) const;
 
   // For the kinds of axes. Here they raise VELException "Operation excpetion", "Method not implemented".
   virtual std::shared_ptr<VELCoordinateCalculator> getCurrentCoordinateCalculator();
@@ -145,13 +167,21 @@ class VELMORA_API VELAxisCore : public VELInvalidatableElement,
   /// Sets the default range; a kind of axis calls it at the end of its construction.
   void resetVisibleRange();
   /// Makes this the axis of its providers, which may have come before the axis was shared.
+  virtual void bindTickProvider(VELTickProvider& provider) const;
   virtual void bindTickCoordinatesProvider(VELTickCoordinatesProvider& provider) const;
+  VELAxisResizeAnimationHelper& animationController() { return _animationController; }
 
  private:
+  friend class VELAxisResizeAnimationHelper;
+
+  /// Takes over a checked range and tells of it. The axis may be gone afterwards.
+  void p_VEL_applyVisibleRange(VELRangePtr range, bool isAnimationChange);
   void p_VEL_setCoreDefaults();
   void p_VEL_validateVisibleRange(const VELRange& range) const;
 
   std::weak_ptr<VELAxisSurface> _parentSurface;
+  VELAxisResizeAnimationHelper _animationController;
+  VELRangeChangedCallbackHandler _rangeCallbackHandler;
   bool _isXAxis = true;
   bool _flipCoordinates = false;
   bool _autoTicks = true;

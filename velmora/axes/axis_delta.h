@@ -14,6 +14,10 @@ struct VELMORA_API VELAxisDelta {
 
   VELGenericType minorDelta = 0.0;
   VELGenericType majorDelta = 0.0;
+
+  std::shared_ptr<VELAxisDelta> clone() const;
+  /// Both spacings are equal by `VELGenericCompare`.
+  bool equals(const VELAxisDelta& other) const;
 };
 
 /// Tick spacing in data units, as doubles; 0 and 0 by default.
@@ -21,6 +25,12 @@ struct VELMORA_API VELDoubleAxisDelta : VELAxisDelta {
   VELDoubleAxisDelta() = default;
   VELDoubleAxisDelta(double minor, double major) : VELAxisDelta(minor, major) {}
   std::shared_ptr<VELDoubleAxisDelta> clone() const;
-  /// Both spacings are equal by `VELGenericCompare`.
-  bool equals(const VELDoubleAxisDelta& other) const;
+};
+
+/// Tick spacing in seconds; 0 and 0 by default. A whole number of `VELTimeSpans::SecInMonth` stands for
+/// months of the calendar, one of `VELTimeSpans::SecInYear` for its years.
+struct VELMORA_API VELTimeSpanDelta : VELAxisDelta {
+  VELTimeSpanDelta() = default;
+  VELTimeSpanDelta(double minor, double major) : VELAxisDelta(minor, major) {}
+  std::shared_ptr<VELTimeSpanDelta> clone() const;
 };

@@ -82,6 +82,8 @@ void VELAxisDrawing::prepare() {
   // Let go of the last pass' ticks first, so that their memory serves again.
   _ticks.reset();
   _ticks = _axis.CalculateTicks();
+  const auto majors = _ticks->getMajorTicks();
+  _firstMajor = majors.empty() ? 0 : _axis.p_VEL_getMajorTickIndex(majors.front());
   // What it was now: a provider may replace the range before the bands are drawn.
   _visibleMin = _axis.visibleRange() ? _axis.visibleRange()->minAsDouble() : 0.0;
   _visibleMax = _axis.visibleRange() ? _axis.visibleRange()->maxAsDouble() : 0.0;
@@ -90,9 +92,20 @@ void VELAxisDrawing::prepare() {
   _axis.axisPanel()->updateWithAxis(_axis, _requests, surface->viewBounds());
 }
 
+int32_t VELAxisDrawing::majorIndex(size_t i) const {
+  // Each major is one further than the one before it, also where steps are as uneven as months are. The first
+  // number may be close to the largest one.
+  return static_cast<int32_t>(static_cast<uint32_t>(_firstMajor) + static_cast<uint32_t>(i));
+}
+
 VELPixelGrid VELAxisDrawing::gridAlong(const VELRect& area) const {
   if (_isHorizontal) return {_scale, area.x, area.width};
   return {_scale, area.y, area.height};
+}
+
+VELPixelGrid VELAxisDrawing::gridAcross(const VELRect& area) const {
+  if (_isHorizontal) return {_scale, area.y, area.height};
+  return {_scale, area.x, area.width};
 }
 
 void VELAxisDrawing::requestLabels() {
@@ -106,7 +119,7 @@ void VELAxisDrawing::requestLabels() {
   const double stride = std::max(1.0, std::ceil(kSmallestLabel / smallestGap(coordinates)));
   const auto step = static_cast<int32_t>(std::bit_ceil(static_cast<uint32_t>(std::min(stride, 1e9))));
   for (size_t i = 0; i < values.size(); ++i) {
-    const int32_t index = _axis.p_VEL_getMajorTickIndex(values[i]);
+    const int32_t index = majorIndex(i);
     if (index % step != 0) continue;
     const double centre = static_cast<double>(coordinates[i]) - _offset;
     _requests.push_back({values[i], _hasPanel ? grid.snapLine(centre, width) : centre, index});
@@ -117,18 +130,35 @@ void VELAxisDrawing::drawTicks(VELRenderContext2D& context) const {
   if (!_isValid || !_ticks || !_hasPanel) return;
   const VELAxisStyle& style = _axis.style();
   context.setDrawingArea(_panelFrame);
+  drawBaseline(context, style.majorTickPen());
   if (style.drawMinorTicks() && _showsMinors)
     drawTickMarks(context, _ticks->getMinorTickCoordinates(), style.minorTickPen(), style.minorTickSize());
   if (style.drawMajorTicks())
     drawTickMarks(context, _ticks->getMajorTickCoordinates(), style.majorTickPen(), style.majorTickSize());
 }
 
+// Ticks of the innermost axis stand on the border of the chart; those further out need a line of their own.
+void VELAxisDrawing::drawBaseline(VELRenderContext2D& context, const VELPenPtr& pen) const {
+  const VELAxisAlignment side = _axis.effectiveAlignment();
+  const double depth = _isHorizontal ? _panelFrame.height : _panelFrame.width;
+  const double gap = side == VELAxisAlignment_Left    ? _chartFrame.x - _panelFrame.right()
+                     : side == VELAxisAlignment_Right ? _panelFrame.x - _chartFrame.right()
+                     : side == VELAxisAlignment_Top   ? _chartFrame.y - _panelFrame.bottom()
+                                                      : _panelFrame.y - _chartFrame.bottom();
+  if (!pen || gap < 1.0) return;
+  const bool frameIsFar = side == VELAxisAlignment_Left || side == VELAxisAlignment_Top;
+  const VELPixelGrid across = gridAcross(_panelFrame);
+  // Inside the panel by half its width.
+  const double inset = widthOf(pen) / 2.0;
+  const double at = across.snapLine(frameIsFar ? depth - inset : inset, widthOf(pen));
+  drawAlong(context, pen, !_isHorizontal, at, 0.0, _isHorizontal ? _panelFrame.width : _panelFrame.height);
+}
+
 void VELAxisDrawing::drawTickMarks(VELRenderContext2D& context, std::span<const float> coordinates,
                                    const VELPenPtr& pen, double size) const {
   if (!pen || !(size > 0.0)) return;
   const VELPixelGrid grid = gridAlong(_panelFrame);
-  const VELPixelGrid across = _isHorizontal ? VELPixelGrid{_scale, _panelFrame.y, _panelFrame.height}
-                                            : VELPixelGrid{_scale, _panelFrame.x, _panelFrame.width};
+  const VELPixelGrid across = gridAcross(_panelFrame);
   const VELAxisAlignment side = _axis.effectiveAlignment();
   // Left and top panels end at the chart frame, right and bottom panels begin there.
   const bool frameIsFar = side == VELAxisAlignment_Left || side == VELAxisAlignment_Top;
@@ -176,12 +206,12 @@ void VELAxisDrawing::drawBands(VELRenderContext2D& context) const {
   const double start = _offset, end = _offset + _size;
   const auto coordinates = _ticks->getMajorTickCoordinates();
   // A gap has the number of the major below it, whichever gaps are in sight: bands move with the data.
-  const bool firstIsEven = _axis.p_VEL_getMajorTickIndex(values.front()) % 2 == 0;
+  const bool firstIsEven = majorIndex(0) % 2 == 0;
   double from = min < max ? start : end;
   if (!firstIsEven && std::abs(from - static_cast<double>(coordinates.front())) > kSmallestBand)
     drawBand(context, from, static_cast<double>(coordinates.front()));
   for (size_t i = 0; i < values.size(); ++i) {
-    if (_axis.p_VEL_getMajorTickIndex(values[i]) % 2 != 0) continue;
+    if (majorIndex(i) % 2 != 0) continue;
     from = static_cast<double>(coordinates[i]);
     const bool isLast = i + 1 == values.size();
     const double to = !isLast ? static_cast<double>(coordinates[i + 1]) : min < max ? end : start;

@@ -30,10 +30,14 @@ class VELAxisDrawing {
   void clear();
 
  private:
+  /// Number of the i-th major in sight.
+  int32_t majorIndex(size_t i) const;
   VELPixelGrid gridAlong(const VELRect& area) const;
+  VELPixelGrid gridAcross(const VELRect& area) const;
   void requestLabels();
   void drawGridLines(VELRenderContext2D& context, std::span<const float> coordinates,
                      const VELPenPtr& pen) const;
+  void drawBaseline(VELRenderContext2D& context, const VELPenPtr& pen) const;
   void drawTickMarks(VELRenderContext2D& context, std::span<const float> coordinates, const VELPenPtr& pen,
                      double size) const;
   void drawBand(VELRenderContext2D& context, double from, double to) const;
@@ -47,6 +51,7 @@ class VELAxisDrawing {
   double _scale = 1.0;
   double _offset = 0.0;
   double _size = 0.0;
+  int32_t _firstMajor = 0;   ///< number of the first major in sight
   double _visibleMin = 0.0;  ///< data units
   double _visibleMax = 0.0;
   VELRect _chartFrame;

@@ -95,12 +95,12 @@ void VELAxisPanel::fillLabels(const VELAxisBase& axis, std::span<const VELTickLa
         former < _formerLabels.size() && _formerIndices[former] == tick.index && _formerLabels[former];
     std::shared_ptr<VELDefaultTickLabel> label = stays ? _formerLabels[former] : _pool.get();
     if (provider) {
-      provider->updateDataContextWithContext(*label, tick.value, &style);
+      provider->updateDataContextWithContext(*label, axis.labelValue(tick.value), &style);
     } else {
       label->setFont(style.getFont());
       label->setTextColor(style.color());
       label->setTransform(style.transform());
-      label->setText(axis.formatText(tick.value));
+      label->setText(axis.formatText(axis.labelValue(tick.value)));
     }
     if (stays) _formerLabels[former++].reset();
     if (label->superview().get() != this) addSubview(label);

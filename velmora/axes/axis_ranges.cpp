@@ -16,11 +16,25 @@ bool hasExtent(const VELRangePtr& range) {
   return std::isfinite(min) && std::isfinite(max) && min <= max;
 }
 
-void include(VELRangePtr& all, const VELRangePtr& range) {
-  if (!hasExtent(range)) return;
-  const VELRangePtr doubles = range->asDoubleRange();
-  all = all ? all->unionWith(*doubles) : doubles;
-}
+// Extents of several series, joined. A logarithmic axis cannot show both sides of zero: what lies above wins.
+class JoinedExtent {
+ public:
+  explicit JoinedExtent(const VELAxisBase& axis) : _isLogarithmic(axis.isLogarithmicAxis()) {}
+
+  void include(const VELRangePtr& range) {
+    if (!hasExtent(range)) return;
+    const VELRangePtr doubles = range->asDoubleRange();
+    VELRangePtr& all = _isLogarithmic && doubles->maxAsDouble() < 0.0 ? _below : _above;
+    all = all ? all->unionWith(*doubles) : doubles;
+  }
+  /// Null when nothing was included.
+  const VELRangePtr& range() const { return _above ? _above : _below; }
+
+ private:
+  bool _isLogarithmic;
+  VELRangePtr _above;  ///< of a linear axis everything
+  VELRangePtr _below;
+};
 
 VELRangePtr undefinedRange() {
   constexpr double none = std::numeric_limits<double>::quiet_NaN();
@@ -48,43 +62,49 @@ VELRangePtr xWindow(const VELAxisSurface& surface, const VELAxisSeries& series,
 
 }  // namespace
 
+VELRangePtr VELAxisBase::seriesXRange(const VELAxisSeries& series) const { return series.getXRange(); }
+
+VELRangePtr VELAxisBase::seriesYRange(const VELAxisSeries& series, const VELRange& xRange) const {
+  return series.getYRange(xRange, false);
+}
+
 VELRangePtr VELAxisBase::getDataRange() const {
   const auto surface = parentSurface();
   if (!surface) return nullptr;
-  VELRangePtr all;
+  JoinedExtent all(*this);
   if (isXAxis()) {
     forEachSeries(*surface, _axisId, &VELAxisSeries::xAxisId,
-                  [&all](const VELAxisSeries& series) { include(all, series.getXRange()); });
-    return all;
+                  [&](const VELAxisSeries& series) { all.include(seriesXRange(series)); });
+    return all.range();
   }
-  forEachSeries(*surface, _axisId, &VELAxisSeries::yAxisId, [&all](const VELAxisSeries& series) {
+  forEachSeries(*surface, _axisId, &VELAxisSeries::yAxisId, [&](const VELAxisSeries& series) {
     const VELRangePtr xRange = series.getXRange();
-    if (hasExtent(xRange)) include(all, series.getYRange(*xRange, false));
+    if (hasExtent(xRange)) all.include(seriesYRange(series, *xRange));
   });
-  return all;
+  return all.range();
 }
 
 VELRangePtr VELAxisBase::getWindowedYRangeWithXRanges(const Ranges* xRanges) const {
   const auto surface = parentSurface();
-  VELRangePtr all;
-  if (surface) {
-    forEachSeries(*surface, _axisId, &VELAxisSeries::yAxisId, [&](const VELAxisSeries& series) {
-      const VELRangePtr window = xWindow(*surface, series, xRanges);
-      if (hasExtent(window)) include(all, series.getYRange(*window, isLogarithmicAxis()));
-    });
-  }
-  if (!all) return undefinedRange();
-  finishRange(all);
-  return all;
+  if (!surface) return undefinedRange();
+  JoinedExtent all(*this);
+  forEachSeries(*surface, _axisId, &VELAxisSeries::yAxisId, [&](const VELAxisSeries& series) {
+    const VELRangePtr window = xWindow(*surface, series, xRanges);
+    if (hasExtent(window)) all.include(seriesYRange(series, *window));
+  });
+  VELRangePtr range = all.range();
+  if (!range) return undefinedRange();
+  finishRange(range);
+  return range;
 }
 
-VELRangePtr VELAxisBase::getMaximumRange() const {
+VELRangePtr VELAxisBase::getMaximumRange(const Ranges* xRanges) const {
   VELRangePtr range;
   if (isXAxis()) {
     range = getDataRange();
     if (range) finishRange(range);
   } else {
-    range = getWindowedYRangeWithXRanges();
+    range = getWindowedYRangeWithXRanges(xRanges);
   }
   if (hasExtent(range)) return range->asDoubleRange();
   return (visibleRange() && visibleRange()->isDefined() ? visibleRange() : getDefaultNonZeroRange())
@@ -93,11 +113,16 @@ VELRangePtr VELAxisBase::getMaximumRange() const {
 
 void VELAxisBase::finishRange(VELRangePtr& range) const {
   coerceZeroRange(*range);
-  if (growBy())
-    range = range->growMinBy(growBy()->min(), growBy()->max(), isLogarithmicAxis(), logarithmicBase());
+  if (growBy()) range = grownRange(*range, growBy()->minAsDouble(), growBy()->maxAsDouble());
   // Fractions below zero may leave no width.
   coerceZeroRange(*range);
   p_VEL_tryApplyVisibleRangeLimit(*range);
+}
+
+VELRangePtr VELAxisBase::grownRange(const VELRange& range, double minFraction, double maxFraction) const {
+  VELRangePtr grown = range.asDoubleRange();
+  grown->growMinBy(minFraction, maxFraction);
+  return grown;
 }
 
 void VELAxisBase::coerceZeroRange(VELRange& range) const {
@@ -117,8 +142,11 @@ bool VELAxisBase::trySetOrAnimateVisibleRange(const VELRangePtr& range) {
   return trySetOrAnimateVisibleRange(range, animateVisibleRangeChanges() ? animatedChangeDuration() : 0.0);
 }
 
-bool VELAxisBase::trySetOrAnimateVisibleRange(const VELRangePtr& range, double) {
-  if (!isValidRange(range)) return false;
-  setVisibleRange(range);
+bool VELAxisBase::trySetOrAnimateVisibleRange(const VELRangePtr& range, double duration) {
+  if (!range) return false;
+  const VELRangePtr own =
+      isRangeOfValidType(*range) ? range : toVisibleRangeMin(range->minAsDouble(), range->maxAsDouble());
+  if (!isValidRange(own)) return false;
+  if (!animationController().animateTo(*own, duration)) setVisibleRange(own);
   return true;
 }

@@ -5,16 +5,21 @@
 
 namespace {
 
-// X axes, then Y axes; the counts are read again at every step, since an application's provider may detach
-// an axis while it draws.
+// The counts are read again at every step and the collection is held, since an application's provider may
+// detach an axis, or all of them, while it draws.
+template <class Step>
+void forEachIn(const VELAxisCollection* axes, Step& step) {
+  const auto held = axes ? axes->weak_from_this().lock() : nullptr;
+  for (int32_t i = 0; axes && i < axes->count(); ++i) {
+    const auto axis = axes->itemAt(i);
+    step(*axis);
+  }
+}
+
 template <class Step>
 void forEachAxis(const VELAxisSurface& surface, Step step) {
-  for (const VELAxisCollection* axes : {surface.xAxes(), surface.yAxes()}) {
-    for (int32_t i = 0; axes && i < axes->count(); ++i) {
-      const auto axis = axes->itemAt(i);
-      step(*axis);
-    }
-  }
+  forEachIn(surface.xAxes(), step);
+  forEachIn(surface.yAxes(), step);
 }
 
 }  // namespace

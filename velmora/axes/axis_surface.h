@@ -15,6 +15,7 @@
 
 class VELAxisCollection;
 class VELDataSeries;
+class VELDisplayLink;
 
 /// A series as its axes see it: which axes it belongs to and how far its data reaches.
 class VELMORA_API VELAxisSeries {
@@ -41,6 +42,8 @@ class VELMORA_API VELAxisSurface : public VELInvalidatableElement {
   virtual VELRect viewBounds() const = 0;
   /// Device pixels per point.
   virtual double contentScale() const = 0;
+  /// The beat at which the chart is redrawn and ranges are animated; null for none.
+  virtual std::shared_ptr<VELDisplayLink> displayLink() const = 0;
   virtual size_t axisSeriesCount() const = 0;
   /// Series in drawing order; null beyond them. Not owned.
   virtual VELAxisSeries* axisSeriesAt(size_t index) const = 0;

@@ -31,7 +31,8 @@ class VELMORA_API VELDefaultTickLabel : public VELLabelView {
   int32_t cullingPriority() const { return _cullingPriority; }
   void setCullingPriority(int32_t priority) { _cullingPriority = priority; }
 
-  // Parts of a label that shows a power.
+  // Parts of a label that shows a power: "1", "x10 " and "3". Only `hasExponent` says whether they hold; the
+  // label does not draw them, its text does.
   bool hasExponent() const { return _hasExponent; }
   void setHasExponent(bool hasExponent) { _hasExponent = hasExponent; }
   const std::string& separator() const { return _separator; }

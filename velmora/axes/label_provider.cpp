@@ -15,10 +15,15 @@ std::string VELLabelProviderBase::formatCursorLabel(const VELGenericType&) const
 void VELLabelProviderBase::updateDataContextWithContext(VELDefaultTickLabel& label,
                                                         const VELGenericType& value,
                                                         const VELTextFormattingStyle* style) const {
+  applyStyle(label, style);
+  label.setHasExponent(false);
+  label.setText(formatLabel(value));
+}
+
+void VELLabelProviderBase::applyStyle(VELDefaultTickLabel& label, const VELTextFormattingStyle* style) {
   if (style) {
     label.setFont(style->getFont());
     label.setTextColor(style->color());
   }
   label.setTransform(style ? style->transform() : VELAffineTransform::zero());
-  label.setText(formatLabel(value));
 }

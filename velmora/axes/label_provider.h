@@ -32,6 +32,10 @@ class VELMORA_API VELLabelProviderBase {
   /// Called at the start of every draw of the axis.
   virtual void onBeginAxisDraw() {}
 
+ protected:
+  /// All but the text of `updateDataContextWithContext`.
+  static void applyStyle(VELDefaultTickLabel& label, const VELTextFormattingStyle* style);
+
  private:
   std::weak_ptr<VELAxisCore> _parentAxis;
 };

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
+#include "velmora/axes/nice_mantissa.h"
 #include "velmora/platform/exception.h"
 
 namespace {
@@ -14,18 +16,6 @@ double powerOfTenBelow(double value) {
   const float exponent = std::floor(std::log10(static_cast<float>(value)));
   if (std::isfinite(exponent)) return std::pow(10.0, static_cast<double>(exponent));
   return std::pow(10.0, std::floor(std::log10(value)));
-}
-
-double nearestNice(double mantissa) {
-  if (mantissa < 1.5) return 1.0;
-  if (mantissa < 3.0) return 2.0;
-  return mantissa < 7.0 ? 5.0 : 10.0;
-}
-
-double nextNice(double mantissa) {
-  if (mantissa <= 1.0) return 1.0;
-  if (mantissa <= 2.0) return 2.0;
-  return mantissa <= 5.0 ? 5.0 : 10.0;
 }
 
 }  // namespace
@@ -51,5 +41,25 @@ void VELNiceDoubleScale::calculateDelta() {
 double VELNiceDoubleScale::niceNumWithRange(double value, bool round) {
   const double power = powerOfTenBelow(value);
   const double mantissa = std::floor(value / power * 10.0) / 10.0;
-  return power * (round ? nearestNice(mantissa) : nextNice(mantissa));
+  return power * (round ? VELNearestNice(mantissa) : VELNextNice(mantissa));
+}
+
+VELNiceLogScale::VELNiceLogScale(double min, double max, int32_t minorsPerMajor, int32_t maxTicks,
+                                 double logBase)
+    : VELNiceDoubleScale(min, max, minorsPerMajor, maxTicks), _logBase(logBase) {}
+
+void VELNiceLogScale::calculateDelta() {
+  const double min = _minDelta;
+  const double logMax = std::log(_maxDelta) / std::log(_logBase);
+  const double top = logMax > 0.0 ? std::ceil(logMax) : std::floor(logMax);
+  const double bottom = std::floor(std::log(std::abs(min)) / std::log(_logBase));
+  _range = niceNumWithRange(top - bottom, true);
+  // By all ticks and not by the gaps between them, unlike the linear scale: that is meant.
+  _tickSpacing = niceNumWithRange(_range / _maxTicks, true);
+  const bool reachesBelowZero = min < 0.0 && std::abs(min) >= std::numeric_limits<double>::epsilon();
+  const double span = std::abs(reachesBelowZero ? top + bottom : top - bottom);
+  const double niceMax = std::pow(_logBase, top);
+  _niceRange = VELDoubleRange(niceMax / std::pow(_logBase, std::max(span, 1.0)), niceMax);
+  _maxDelta = _tickSpacing;
+  _minDelta = (std::pow(_logBase, _tickSpacing) - 1.0) / _minorsPerMajor;
 }

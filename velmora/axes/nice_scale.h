@@ -1,6 +1,7 @@
 // axes/nice_scale.h: which step between ticks a person finds natural.
 //
-// Only steps live here; tick values are axes/numeric_tick_provider.h. Units: data units.
+// Only steps live here; tick values are axes/tick_provider.h, steps of dates axes/nice_time_span_scale.h.
+// Units: data units; exponents of the base for the major step of logarithmic axes.
 #pragma once
 
 #include <cstdint>
@@ -19,8 +20,10 @@ class VELMORA_API VELNiceDoubleScale {
   /// @throws VELInternalInconsistencyException when minorsPerMajor is below 1 (its message says 2; 1 is
   ///         taken all the same)
   VELNiceDoubleScale(double min, double max, int32_t minorsPerMajor, int32_t maxTicks);
+  virtual ~VELNiceDoubleScale() = default;
 
-  void calculateDelta();
+  /// Once: it turns the range that it was given into the steps.
+  virtual void calculateDelta();
   /// Minor and major step; meaningful after `calculateDelta`.
   VELDoubleAxisDelta tickSpacing() const { return {_minDelta, _maxDelta}; }
   /// The range widened to whole steps; undefined before `calculateDelta`.
@@ -30,7 +33,7 @@ class VELMORA_API VELNiceDoubleScale {
   /// at or above. The mantissa is cut to one decimal first.
   static double niceNumWithRange(double value, bool round);
 
- private:
+ protected:
   double _minDelta;  ///< the range's minimum, afterwards the minor step
   double _maxDelta;  ///< the range's maximum, afterwards the major step
   int32_t _minorsPerMajor;
@@ -38,4 +41,22 @@ class VELMORA_API VELNiceDoubleScale {
   double _range = 0.0;
   double _tickSpacing = 0.0;
   VELDoubleRange _niceRange;
+};
+
+/// Rounds a range to a 1-2-5 step counted in exponents of a base: a major step of 1 is one power of the base.
+///
+/// The minor step is a factor: minors stand at m × (1 + k × minor) above each major m, so that a major step
+/// holds minorsPerMajor equal parts.
+class VELMORA_API VELNiceLogScale : public VELNiceDoubleScale {
+ public:
+  /// @param min, max data units; logarithms of both are taken, of min that of its magnitude
+  /// @param logBase above 0 and not 1 for steps of any use
+  /// @throws VELInternalInconsistencyException as the double scale
+  VELNiceLogScale(double min, double max, int32_t minorsPerMajor, int32_t maxTicks, double logBase = 10.0);
+
+  void calculateDelta() override;
+  double logBase() const { return _logBase; }
+
+ private:
+  double _logBase;
 };

@@ -15,7 +15,8 @@ class VELMORA_API VELTickCoordinates {
   VELTickCoordinates(std::span<const double> minorTicks, std::span<const double> majorTicks,
                      std::span<const float> minorCoordinates, std::span<const float> majorCoordinates);
 
-  /// Replaces all four lists; memory is kept.
+  /// Replaces all four lists; memory is kept. The spans must not point into this object. Of values and
+  /// coordinates of one kind the longer list is cut.
   void assign(std::span<const double> minorTicks, std::span<const double> majorTicks,
               std::span<const float> minorCoordinates, std::span<const float> majorCoordinates);
 

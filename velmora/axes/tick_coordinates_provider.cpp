@@ -1,5 +1,6 @@
 #include "velmora/axes/tick_coordinates_provider.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -25,9 +26,12 @@ void placeTicks(std::span<const double> values, const VELCoordinateCalculator& c
   double lastCoordinate = calculator.getCoordinateFrom(lastValue);
   if (inBounds(lastCoordinate)) keep(lastValue, lastCoordinate);
   for (const double value : values.subspan(1)) {
-    if (std::abs(value - lastValue) <= kEpsilon) continue;
+    // Of the value where that is less: ticks of a logarithmic axis may all be nearer to zero than epsilon.
+    if (std::abs(value - lastValue) <= kEpsilon * std::min(1.0, std::abs(value))) continue;
     const double coordinate = calculator.getCoordinateFrom(value);
-    if (!(std::abs(coordinate - lastCoordinate) > kEpsilon) || !inBounds(coordinate)) continue;
+    // A first tick that has no place at all is no neighbour: it must not take the others with it.
+    const bool hasOwnPlace = std::isnan(lastCoordinate) || std::abs(coordinate - lastCoordinate) > kEpsilon;
+    if (!hasOwnPlace || !inBounds(coordinate)) continue;
     keep(value, coordinate);
     lastValue = value;
     lastCoordinate = coordinate;

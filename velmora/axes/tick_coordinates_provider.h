@@ -50,3 +50,7 @@ class VELMORA_API VELTickCoordinatesProviderDefault : public VELTickCoordinatesP
   std::vector<float> _majorCoordinates;
   std::shared_ptr<VELTickCoordinates> _result;
 };
+
+/// The provider of category axes. Their ticks are indices, and so is what their calculator places: nothing
+/// is to be translated on the way.
+class VELMORA_API VELCategoryTickCoordinatesProvider : public VELTickCoordinatesProviderDefault {};

@@ -41,28 +41,6 @@ void convertElements(const Source* from, Target* to, int64_t count) {
   }
 }
 
-/// Calls @p use with the typed pointer of a pointer-tagged value; any other tag and null do nothing.
-template <typename Use>
-void visitPointer(VELGenericType values, Use&& use) {
-  if (values.data.object == nullptr) return;
-  switch (values.type) {
-    case VELDataType_CharPtr:
-      return use(values.data.bytePointer);
-    case VELDataType_Int16Ptr:
-      return use(values.data.int16Pointer);
-    case VELDataType_Int32Ptr:
-      return use(values.data.int32Pointer);
-    case VELDataType_Int64Ptr:
-      return use(values.data.int64Pointer);
-    case VELDataType_FloatPtr:
-      return use(values.data.floatPointer);
-    case VELDataType_DoublePtr:
-      return use(values.data.doublePointer);
-    default:
-      return;
-  }
-}
-
 }  // namespace
 
 VELArrayController::~VELArrayController() = default;
@@ -191,19 +169,16 @@ void VELArrayController::assertIsDate(VELGenericType element) {
   throw VELInvalidArgumentException("Invalide data in array. Only NSDate allowed");
 }
 
-template <typename T>
-void VELArrayController::insertElements(std::span<const T> values, int64_t index) {
-  if (values.empty() || index < 0 || index > _count) return;
-  // Numbers need no leave: without a tag they are seconds to a date column.
-  if constexpr (std::is_same_v<T, VELDate>) assertAccepts(VELDataType_DateTime);
+void VELArrayController::insertElements(VELNumberSpan values, int64_t index) {
+  if (values.isEmpty() || index < 0 || index > _count) return;
   VELRawBuffer copy;
   values = detached(values, copy);
-  const auto added = static_cast<int64_t>(values.size());
+  const int64_t added = values.count();
   reserveFor(added);
   moveTail(index, index + added);
   VELVisitElementType(_type, [&](auto element) {
-    using Target = typename decltype(element)::type;
-    convertElements(values.data(), static_cast<Target*>(data()) + index, added);
+    auto* target = static_cast<typename decltype(element)::type*>(data()) + index;
+    VELVisitNumbers(values, [&](auto numbers) { convertElements(numbers.data(), target, added); });
   });
   _count += added;
 }
@@ -218,13 +193,7 @@ void VELArrayController::moveTail(int64_t from, int64_t to) {
   std::memmove(slot(to), slot(from), static_cast<size_t>((_count - from) * dataTypeSize()));
 }
 
-void VELArrayController::appendRange(std::span<const int8_t> values) { insertElements(values, _count); }
-void VELArrayController::appendRange(std::span<const int16_t> values) { insertElements(values, _count); }
-void VELArrayController::appendRange(std::span<const int32_t> values) { insertElements(values, _count); }
-void VELArrayController::appendRange(std::span<const int64_t> values) { insertElements(values, _count); }
-void VELArrayController::appendRange(std::span<const float> values) { insertElements(values, _count); }
-void VELArrayController::appendRange(std::span<const double> values) { insertElements(values, _count); }
-void VELArrayController::appendRange(std::span<const VELDate> values) { insertElements(values, _count); }
+void VELArrayController::appendRange(VELNumberSpan values) { insertRange(values, _count); }
 
 void VELArrayController::appendRange(VELGenericType values, int64_t count) {
   if (values.type == VELDataType_Array) return append(values);
@@ -240,23 +209,23 @@ int64_t VELArrayController::countToAppend(VELGenericType value) const {
   return static_cast<int64_t>(dates->size());
 }
 
-int64_t VELArrayController::countToInsert(VELGenericType values, int64_t count) const {
-  if (count < 1) return 0;
-  int64_t found = 0;
-  visitPointer(values, [&]<typename T>(const T*) {
-    assertAccepts(VELElementTypeOf<T>());
-    found = count;
-  });
-  return found;
+int64_t VELArrayController::countToAppend(VELNumberSpan values) const {
+  // Numbers need no leave: without a tag they are seconds to a date column.
+  if (values.type() == VELDataType_DateTime) assertAccepts(VELDataType_DateTime);
+  return values.count();
 }
 
-VELGenericType VELArrayController::detached(VELGenericType values, int64_t count,
-                                            VELRawBuffer& buffer) const {
-  if (count < 1) return values;
-  visitPointer(values, [&](const auto* elements) {
-    values.data.object = detached(std::span(elements, static_cast<size_t>(count)), buffer).data();
-  });
-  return values;
+int64_t VELArrayController::countToInsert(VELGenericType values, int64_t count) const {
+  const VELNumberSpan numbers(values, count);
+  if (!numbers.isEmpty()) assertAccepts(numbers.type());
+  return numbers.count();
+}
+
+VELNumberSpan VELArrayController::detached(VELNumberSpan values, VELRawBuffer& buffer) const {
+  if (!isOwn(values.data())) return values;
+  buffer.resize(values.bytes());
+  std::memcpy(buffer.data(), values.data(), values.bytes());
+  return values.at(buffer.data());
 }
 
 void VELArrayController::insertValue(VELGenericType value, int64_t index) {
@@ -269,11 +238,14 @@ void VELArrayController::insertValue(VELGenericType value, int64_t index) {
   ++_count;
 }
 
+void VELArrayController::insertRange(VELNumberSpan values, int64_t index) {
+  countToAppend(values);
+  insertElements(values, index);
+}
+
 void VELArrayController::insertRange(VELGenericType values, int64_t index, int64_t count) {
   if (index < 0 || index > _count || countToInsert(values, count) == 0) return;
-  visitPointer(values, [&](const auto* elements) {
-    insertElements(std::span(elements, static_cast<size_t>(count)), index);
-  });
+  insertRange(VELNumberSpan(values, count), index);
 }
 
 void VELArrayController::removeRangeFrom(int64_t start, int64_t count) {

@@ -5,12 +5,13 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <span>
 
+#include "velmora/data/column_view.h"
 #include "velmora/data/element_type.h"
 #include "velmora/data/generic_type.h"
+#include "velmora/data/number_span.h"
 #include "velmora/data/raw_buffer.h"
 #include "velmora/platform/export.h"
 
@@ -66,6 +67,8 @@ class VELMORA_API VELArrayController {
     if (!VELStoresElement<T>(_type) || _count == 0) return {};
     return {static_cast<const T*>(data()), static_cast<size_t>(_count)};
   }
+  /// What readers of numbers see, in storage order; a category column shows its indices.
+  virtual VELColumnView view() const { return {_type, data(), _count}; }
   std::span<const double> doubles() const { return elements<double>(); }
   std::span<const float> floats() const { return elements<float>(); }
   std::span<const int16_t> int16s() const { return elements<int16_t>(); }
@@ -83,37 +86,27 @@ class VELMORA_API VELArrayController {
   /// column, for
   ///   a DateTime to any other column, and for an array element that is no date (those before it stay)
   virtual void append(VELGenericType value);
-  // Numbers straight from memory, as if appended one by one with their own tag; in a DateTime column they are
-  // seconds, whatever their type. The span may be of this very column.
+  /// Appends numbers straight from memory, as if one by one with their own tag; in a DateTime column they are
+  /// seconds, whatever their type. They may be of this very column.
   /// @throws VELInvalidArgumentException for dates to any other column
-  virtual void appendRange(std::span<const int8_t> values);
-  virtual void appendRange(std::span<const int16_t> values);
-  virtual void appendRange(std::span<const int32_t> values);
-  virtual void appendRange(std::span<const int64_t> values);
-  virtual void appendRange(std::span<const float> values);
-  virtual void appendRange(std::span<const double> values);
-  virtual void appendRange(std::span<const VELDate> values);
+  virtual void appendRange(VELNumberSpan values);
   /// The same from a pointer-tagged value; an array value goes to `append`, any other tag does nothing.
   /// @throws VELInvalidArgumentException as `append`: to a DateTime column only pointers to doubles
   virtual void appendRange(VELGenericType values, int64_t count);
   /// How many elements `append` would add to a plain column, and raises what it would raise; nothing changes.
   int64_t countToAppend(VELGenericType value) const;
-  /// The same for `insertRange` of @p count elements.
+  /// The same for `appendRange`.
+  int64_t countToAppend(VELNumberSpan values) const;
+  /// The same for `appendRange` and `insertRange` of @p count elements; arrays count as nothing to insert.
   int64_t countToInsert(VELGenericType values, int64_t count) const;
 
-  /// The values, or a copy of them in @p buffer when they lie in this column, whose next change moves them.
-  template <typename T>
-  std::span<const T> detached(std::span<const T> values, VELRawBuffer& buffer) const {
-    if (!isOwn(values.data())) return values;
-    buffer.resize(values.size_bytes());
-    std::memcpy(buffer.data(), values.data(), values.size_bytes());
-    return {static_cast<const T*>(buffer.data()), values.size()};
-  }
-  /// The same for @p count elements of a pointer-tagged value.
-  VELGenericType detached(VELGenericType values, int64_t count, VELRawBuffer& buffer) const;
+  /// The numbers, or a copy of them in @p buffer when they lie in this column, whose next change moves them.
+  VELNumberSpan detached(VELNumberSpan values, VELRawBuffer& buffer) const;
 
   /// Inserts before @p index, 0 to count; beyond that nothing happens. Errors as `append`.
   virtual void insertValue(VELGenericType value, int64_t index);
+  /// Inserts numbers straight from memory, as `appendRange` takes them.
+  virtual void insertRange(VELNumberSpan values, int64_t index);
   /// Inserts @p count numbers from a pointer-tagged value. Errors as `appendRange` of one.
   virtual void insertRange(VELGenericType values, int64_t index, int64_t count);
 
@@ -132,7 +125,7 @@ class VELMORA_API VELArrayController {
   /// Minimum and maximum as doubles. Double columns skip NaN; a Float column counts only what stands before
   /// its first NaN, on purpose. Without such an element the pair is inverted: the type's largest and its
   /// lowest value.
-  void getRangeMin(double& min, double& max) const;
+  virtual void getRangeMin(double& min, double& max) const;
 
   /// Index of a value, or -1. In sorted columns a value that is not there gives what the mode says, and a
   /// value beyond either end that end (but -1 when exact); NaN gives -1.
@@ -161,6 +154,10 @@ class VELMORA_API VELArrayController {
   VELGenericType load(int64_t index) const;
   void assertAccepts(VELDataType valueType) const;
   static void assertIsDate(VELGenericType element);
+  /// Whether an address lies in the memory of this column.
+  virtual bool isOwn(const void* values) const;
+  /// `getRangeMin` of a column whose first element is at the physical index @p head.
+  void rangeFrom(int64_t head, double& min, double& max) const;
   /// Copies all elements to @p target, starting with the one at the physical index @p head.
   void copyOrdered(void* target, int64_t head) const;
 
@@ -173,9 +170,7 @@ class VELMORA_API VELArrayController {
   void appendDates(const VELArray& dates);
   /// Room for @p extra more elements, in the steps that single appends would take.
   void reserveFor(int64_t extra);
-  template <typename T>
-  void insertElements(std::span<const T> values, int64_t index);
-  bool isOwn(const void* values) const;
+  void insertElements(VELNumberSpan values, int64_t index);
   void moveTail(int64_t from, int64_t to);
 };
 

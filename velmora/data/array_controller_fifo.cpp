@@ -1,6 +1,7 @@
 #include "velmora/data/array_controller_fifo.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "velmora/data/array_search.h"
@@ -45,6 +46,13 @@ void VELArrayControllerFIFO::setValue(VELGenericType value, int64_t index) {
 
 void VELArrayControllerFIFO::append(VELGenericType value) {
   if (_maxSize == 0) return;
+  // The usual case: a double, date or 64-bit integer into a full ring of its own type. The general way below
+  // does the same.
+  if (value.type == _type && _count == _maxSize && dataTypeSize() == sizeof(value.data)) {
+    std::memcpy(slot(_head), &value.data, sizeof(value.data));
+    _head = _head + 1 == _count ? 0 : _head + 1;
+    return;
+  }
   assertAccepts(value.type);
   const VELArray* dates = VELGenericArray(value);
   if (dates == nullptr || _type != VELDataType_DateTime) return appendOne(value);
@@ -87,6 +95,8 @@ int64_t VELArrayControllerFIFO::indexOf(VELGenericType value, bool isSorted, VEL
   if (mode != VELArraySearchMode_Exact) normalizeIndices();
   return VELArraySearch{data(), _type, _count, _head}.indexOf(value, isSorted, mode);
 }
+
+void VELArrayControllerFIFO::getRangeMin(double& min, double& max) const { rangeFrom(_head, min, max); }
 
 void VELArrayControllerFIFO::copyToArray(VELRawBuffer& array, int64_t& count, VELDataType& type) const {
   VELArrayController::copyToArray(array, count, type);

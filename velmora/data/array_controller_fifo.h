@@ -23,15 +23,10 @@ class VELMORA_API VELArrayControllerFIFO : public VELArrayController {
   VELGenericType valueAt(int64_t index) const override;
   void setValue(VELGenericType value, int64_t index) override;
   void append(VELGenericType value) override;
-  void appendRange(std::span<const int8_t>) override {}
-  void appendRange(std::span<const int16_t>) override {}
-  void appendRange(std::span<const int32_t>) override {}
-  void appendRange(std::span<const int64_t>) override {}
-  void appendRange(std::span<const float>) override {}
-  void appendRange(std::span<const double>) override {}
-  void appendRange(std::span<const VELDate>) override {}
+  void appendRange(VELNumberSpan) override {}
   void appendRange(VELGenericType, int64_t) override {}
   void insertValue(VELGenericType, int64_t) override {}
+  void insertRange(VELNumberSpan, int64_t) override {}
   void insertRange(VELGenericType, int64_t, int64_t) override {}
   void removeRangeFrom(int64_t start, int64_t count) override;
   void clear() override;
@@ -41,6 +36,8 @@ class VELMORA_API VELArrayControllerFIFO : public VELArrayController {
   void setCount(int64_t count) override;
   /// Normalises first unless the mode is exact.
   int64_t indexOf(VELGenericType value, bool isSorted, VELArraySearchMode mode) override;
+  /// In logical order, which decides where a float column ends.
+  void getRangeMin(double& min, double& max) const override;
   void copyToArray(VELRawBuffer& array, int64_t& count, VELDataType& type) const override;
   void reverse() override;
   std::shared_ptr<VELArrayController> clone() const override;

@@ -3,60 +3,35 @@
 #include <limits>
 
 #include "velmora/data/array_controller.h"
-#include "velmora/data/extremes.h"
+#include "velmora/data/extent.h"
 
 namespace {
 
-constexpr size_t laneCount = 8;
-
-/// min and max of all elements that are not NaN, folded into inverted bounds.
-///
-/// Its plain form is `for (T v : values) { if (v < min) min = v; if (v > max) max = v; }`. Independent lanes
-/// let the compiler use vectors, which it must not do by itself here: it may not reorder floating
-/// comparisons.
+/// @return false when the column ends here: a float column does at its first NaN, on purpose
 template <typename T>
-void foldRange(std::span<const T> values, T& min, T& max) {
-  T low[laneCount];
-  T high[laneCount];
-  std::fill_n(low, laneCount, min);
-  std::fill_n(high, laneCount, max);
-  const size_t whole = values.size() - values.size() % laneCount;
-  for (size_t i = 0; i < whole; i += laneCount) {
-    for (size_t lane = 0; lane < laneCount; ++lane) {
-      const T value = values[i + lane];
-      low[lane] = value < low[lane] ? value : low[lane];
-      high[lane] = value > high[lane] ? value : high[lane];
-    }
+bool foldUntilEnd(std::span<const T> values, VELExtent<T>& extent) {
+  auto end = values.end();
+  if constexpr (std::is_same_v<T, float>) {
+    end = std::find_if(values.begin(), values.end(), [](float value) { return std::isnan(value); });
   }
-  for (const T value : values.subspan(whole)) {
-    low[0] = value < low[0] ? value : low[0];
-    high[0] = value > high[0] ? value : high[0];
-  }
-  min = *std::min_element(low, low + laneCount);
-  max = *std::max_element(high, high + laneCount);
+  VELFoldExtent(values.first(static_cast<size_t>(end - values.begin())), extent);
+  return end == values.end();
 }
 
 }  // namespace
 
-void VELArrayController::getRangeMin(double& min, double& max) const {
+void VELArrayController::rangeFrom(int64_t head, double& min, double& max) const {
   VELVisitElementType(_type, [&](auto element) {
     using T = typename decltype(element)::type;
-    std::span<const T> values = elements<T>();
-    if constexpr (std::is_same_v<T, float>) {
-      // A float column ends at its first NaN, on purpose.
-      const auto end =
-          std::find_if(values.begin(), values.end(), [](float value) { return std::isnan(value); });
-      values = values.first(static_cast<size_t>(end - values.begin()));
-    }
+    const std::span<const T> values = elements<T>();
+    const auto start = static_cast<size_t>(head);
     // Folded from the infinities, which may be all that there is.
-    T low = VELHighest<T>();
-    T high = VELLowest<T>();
-    foldRange(values, low, high);
-    if (low > high) {
-      low = std::numeric_limits<T>::max();
-      high = std::numeric_limits<T>::lowest();
-    }
-    min = static_cast<double>(low);
-    max = static_cast<double>(high);
+    VELExtent<T> extent;
+    if (foldUntilEnd(values.subspan(start), extent)) foldUntilEnd(values.first(start), extent);
+    if (!extent.exists()) extent = {std::numeric_limits<T>::max(), std::numeric_limits<T>::lowest()};
+    min = static_cast<double>(extent.low);
+    max = static_cast<double>(extent.high);
   });
 }
+
+void VELArrayController::getRangeMin(double& min, double& max) const { rangeFrom(0, min, max); }

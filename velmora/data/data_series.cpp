@@ -4,33 +4,55 @@
 #include <utility>
 
 #include "velmora/data/array_controller_fifo.h"
+#include "velmora/data/category_array_controller.h"
 #include "velmora/platform/exception.h"
 
-VELDataSeries::VELDataSeries(VELDataType xType, VELDataType yType)
-    : _xColumn(VELArrayController::initWithType(xType)),
-      _yColumn(VELArrayController::initWithType(yType)),
-      _calculator(std::make_shared<VELUserDefinedDistributionCalculator>()) {
-  if (_xColumn && _yColumn) return;
-  throw VELInvalidArgumentException("DataSeries columns store types from Int16 to DateTime only");
+VELDataSeries::VELDataSeries(const VELDataSeriesLayout& layout, Columns columns)
+    : _layout(layout), _columns(std::move(columns)) {
+  if (_columns.size() != layout.columnCount || layout.columnCount > kVELMostColumns)
+    throw VELInternalInconsistencyException("DataSeries columns must be those of its layout");
+  if (std::find(_columns.begin(), _columns.end(), nullptr) != _columns.end())
+    throw VELInvalidArgumentException("DataSeries columns store types from Int16 to DateTime only");
+  _isFifo = dynamic_cast<const VELArrayControllerFIFO*>(_columns[0].get()) != nullptr;
+  _isCategoryX = dynamic_cast<const VELCategoryArrayController*>(_columns[0].get()) != nullptr;
+  p_VEL_additionalInitialize();
+}
+
+void VELDataSeries::p_VEL_additionalInitialize() {
+  _fifoCapacity = 0;
+  p_VEL_forgetAnswers();
+  _calculator = std::make_shared<VELUserDefinedDistributionCalculator>();
+}
+
+std::shared_ptr<VELArrayController> VELDataSeries::p_VEL_plain(VELDataType type) {
+  return VELArrayController::initWithType(type);
+}
+
+std::shared_ptr<VELArrayController> VELDataSeries::p_VEL_category(VELDataType type) {
+  return VELCategoryArrayController::initWithType(type);
+}
+
+std::shared_ptr<VELArrayController> VELDataSeries::p_VEL_ring(VELDataType type, int32_t capacity) {
+  return VELArrayControllerFIFO::initWithType(type, capacity);
 }
 
 VELDataSeries::~VELDataSeries() = default;
 
-int64_t VELDataSeries::count() const { return std::min(_xColumn->count(), _yColumn->count()); }
-
-void VELDataSeries::p_VEL_makeFifo(int32_t capacity) {
-  // Both before either is taken over: there may be no room.
-  std::shared_ptr<VELArrayController> x = VELArrayControllerFIFO::initWithType(_xColumn->type(), capacity);
-  std::shared_ptr<VELArrayController> y = VELArrayControllerFIFO::initWithType(_yColumn->type(), capacity);
-  _xColumn = std::move(x);
-  _yColumn = std::move(y);
-  _isFifo = true;
-  _fifoCapacity = capacity;
+int64_t VELDataSeries::p_VEL_pointCount() const {
+  int64_t points = _columns[0]->count();
+  for (const auto& column : _columns) points = std::min(points, column->count());
+  return points;
 }
 
 void VELDataSeries::setFifoCapacity(int32_t capacity) {
   if (!_isFifo || capacity < 0 || capacity == _fifoCapacity) return;
-  p_VEL_makeFifo(capacity);
+  // All before any is taken over: there may be no room.
+  Columns rings;
+  for (const auto& column : _columns) rings.push_back(p_VEL_ring(column->type(), capacity));
+  _columns = std::move(rings);
+  _fifoCapacity = capacity;
+  p_VEL_event().calculator->clear();
+  _pointSeries.fill(nullptr);
   dataSeriesChanged();
 }
 
@@ -53,58 +75,38 @@ void VELDataSeries::setLastPointSeries(std::shared_ptr<VELPointSeries> pointSeri
   _pointSeries[_lastPointSeries] = std::move(pointSeries);
 }
 
-std::shared_ptr<VELPointSeries>& VELDataSeries::p_VEL_nextPointSeries() {
-  const auto isIdle = [](const auto& pointSeries) { return pointSeries && pointSeries.use_count() == 1; };
-  const auto isEmpty = [](const auto& pointSeries) { return !pointSeries; };
-  auto place = std::find_if(_pointSeries.begin(), _pointSeries.end(), isIdle);
-  if (place == _pointSeries.end()) place = std::find_if(_pointSeries.begin(), _pointSeries.end(), isEmpty);
-  _lastPointSeries = place != _pointSeries.end() ? static_cast<size_t>(place - _pointSeries.begin())
+std::shared_ptr<VELPointSeries> VELDataSeries::p_VEL_takeIdlePointSeries() {
+  const auto isIdle = [](const auto& pointSeries) { return pointSeries.use_count() == 1; };
+  const auto place = std::find_if(_pointSeries.begin(), _pointSeries.end(), isIdle);
+  return place != _pointSeries.end() ? std::exchange(*place, nullptr) : nullptr;
+}
+
+void VELDataSeries::p_VEL_keepPointSeries(std::shared_ptr<VELPointSeries> pointSeries) {
+  const auto empty = std::find(_pointSeries.begin(), _pointSeries.end(), nullptr);
+  _lastPointSeries = empty != _pointSeries.end() ? static_cast<size_t>(empty - _pointSeries.begin())
                                                  : (_lastPointSeries + 1) % kPointSeriesKept;
-  return _pointSeries[_lastPointSeries];
+  _pointSeries[_lastPointSeries] = std::move(pointSeries);
 }
 
 void VELDataSeries::p_VEL_prepareResampler(VELPointResampler& resampler, bool isCategoryAxis) const {
   resampler.setIsFifoData(_isFifo);
   resampler.setIsSortedData(isSorted());
   // Even spacing is a statement about neighbours in order: without order it says nothing.
-  resampler.setIsEvenlySpacedData(isSorted() && (isCategoryAxis || _calculator->dataIsEvenlySpaced()));
+  resampler.setIsEvenlySpacedData(isSorted() &&
+                                  (isCategoryAxis || _isCategoryX || _calculator->dataIsEvenlySpaced()));
 }
 
-void VELDataSeries::p_VEL_copyFrom(const VELDataSeries& other) {
-  _xColumn = other._xColumn->clone();
-  _yColumn = other._yColumn->clone();
-  _isFifo = other._isFifo;
-  _fifoCapacity = other._fifoCapacity;
+VELDataSeries::Columns VELDataSeries::p_VEL_clonedColumns() const {
+  Columns copies;
+  for (const auto& column : _columns) copies.push_back(column->clone());
+  return copies;
+}
+
+void VELDataSeries::p_VEL_copySettingsFrom(const VELDataSeries& other) {
   _acceptUnsortedData = other._acceptUnsortedData;
   _seriesName = other._seriesName;
   _calculator->setDataIsSortedAscending(other._calculator->dataIsSortedAscending());
   _calculator->setDataIsEvenlySpaced(other._calculator->dataIsEvenlySpaced());
-}
-
-void VELDataSeries::removeRangeFrom(int64_t start, int64_t count) {
-  // Measured by x: an x that an unsorted append left over can be taken away, too.
-  if (start < 0 || count < 1 || count > _xColumn->count() - start) return;
-  _xColumn->removeRangeFrom(start, count);
-  _yColumn->removeRangeFrom(start, count);
-  _calculator->updateDataDistributionFlagsWhenRemovedXValues();
-  dataSeriesChanged();
-}
-
-void VELDataSeries::removeValue(VELGenericType value) {
-  const int64_t index = findIndexForValue(value, VELArraySearchMode_Exact);
-  if (index >= 0) removeAt(index);
-}
-
-void VELDataSeries::clear() {
-  const auto self = weak_from_this().lock();
-  clearColumns();
-  dataSeriesChanged();
-  _calculator->clear();
-}
-
-void VELDataSeries::clearColumns() {
-  _xColumn->clear();
-  _yColumn->clear();
 }
 
 void VELDataSeries::dataSeriesChanged() {
@@ -125,23 +127,4 @@ void VELDataSeries::p_VEL_forgetAnswers() {
   _yRangeValid = false;
   _lastIndicesRangeValid = false;
   _lastWindow.valid = false;
-}
-
-// The calculator may raise, and then no notice of change follows: answers are forgotten before.
-
-void VELDataSeries::onAppendXColumnWithPreviousCount(int64_t previousCount) {
-  p_VEL_forgetAnswers();
-  _calculator->onAppendValueInArrayController(*_xColumn, _xColumn->count() - previousCount,
-                                              _acceptUnsortedData);
-}
-
-void VELDataSeries::onUpdateXColumnAtIndex(int64_t index) {
-  p_VEL_forgetAnswers();
-  _calculator->onUpdateValueInArrayController(*_xColumn, index, _acceptUnsortedData);
-}
-
-void VELDataSeries::onInsertXColumnWithPreviousCount(int64_t previousCount, int64_t index) {
-  p_VEL_forgetAnswers();
-  _calculator->onInsertValueInArrayController(*_xColumn, index, _xColumn->count() - previousCount,
-                                              _acceptUnsortedData);
 }

@@ -2,12 +2,12 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <type_traits>
+#include <span>
 
 #include "velmora/data/array_controller_fifo.h"
+#include "velmora/data/column_view.h"
 #include "velmora/data/data_series.h"
-#include "velmora/data/element_type.h"
-#include "velmora/data/extremes.h"
+#include "velmora/data/extent.h"
 #include "velmora/data/saturate.h"
 #include "velmora/data/sorted_search.h"
 
@@ -15,20 +15,27 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
+/// What was found in a column; the wrong way round or NaN as long as nothing was.
 struct Bounds {
-  double min = kNaN;
-  double max = kNaN;
+  double min = std::numeric_limits<double>::infinity();
+  double max = -std::numeric_limits<double>::infinity();
+  bool exist() const { return min <= max; }
+  void include(Bounds other) {
+    if (!other.exist()) return;
+    min = std::min(min, other.min);
+    max = std::max(max, other.max);
+  }
 };
 
-/// A pair without a number, or the wrong way round as an empty column reports it, gives an undefined range.
-VELRangePtr rangeOfColumn(const VELArrayController& column, Bounds bounds) {
-  if (!(bounds.min <= bounds.max)) bounds = Bounds();
-  return VELRangeFactory::getRangeOfType(column.type(), bounds.min, bounds.max);
+/// Nothing found gives an undefined range.
+VELRangePtr rangeOf(const VELArrayController& column, Bounds bounds) {
+  if (!bounds.exist()) bounds = {kNaN, kNaN};
+  return VELRangeFactory::getRangeOfType(column.view().type, bounds.min, bounds.max);
 }
 
 /// First and last x that are numbers, in logical order.
 Bounds endsOfSorted(const VELArrayController& column, int64_t count) {
-  Bounds bounds;
+  Bounds bounds{kNaN, kNaN};
   for (int64_t i = 0; i < count && std::isnan(bounds.min); ++i)
     bounds.min = VELGenericDouble(column.valueAt(i));
   for (int64_t i = count; i > 0 && std::isnan(bounds.max); --i) {
@@ -37,42 +44,35 @@ Bounds endsOfSorted(const VELArrayController& column, int64_t count) {
   return bounds;
 }
 
-template <typename T>
-Bounds positiveExtent(const T* values, int64_t count) {
-  Bounds bounds{std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
-  for (int64_t i = 0; i < count; ++i) {
-    const double value = static_cast<double>(values[i]);
-    if (!(value > 0.0)) continue;
-    bounds.min = value < bounds.min ? value : bounds.min;
-    bounds.max = value > bounds.max ? value : bounds.max;
-  }
-  return bounds;
+template <bool OnlyPositive, typename T>
+Bounds extentOf(std::span<const T> values) {
+  VELExtent<T> extent;
+  VELFoldExtent<OnlyPositive>(values, extent);
+  if (!extent.exists()) return {};
+  return {static_cast<double>(extent.low), static_cast<double>(extent.high)};
 }
 
-template <typename T>
-Bounds fullExtent(const T* values, int64_t count) {
-  const VELExtremes extremes = VELFindExtremes(values, count);
-  if (!extremes.exist()) return {};
-  return {static_cast<double>(values[extremes.minAt]), static_cast<double>(values[extremes.maxAt])};
+/// Of the elements [first, last] in storage order.
+Bounds extentOfPoints(const VELColumnView& column, int64_t first, int64_t last, bool positive) {
+  return VELVisitElements(column, [=](const auto* values) {
+    const std::span points(values + first, static_cast<size_t>(last - first + 1));
+    return positive ? extentOf<true>(points) : extentOf<false>(points);
+  });
 }
 
 /// Of the first @p points elements in storage order, as the column itself answers for all.
-Bounds extentOf(const VELArrayController& column, int64_t points) {
+Bounds extentOfColumn(const VELArrayController& column, int64_t points) {
   if (points == 0) return {};
   if (column.count() == points) {
     Bounds bounds;
     column.getRangeMin(bounds.min, bounds.max);
     return bounds;
   }
-  return VELVisitElementType(column.type(), [&](auto element) {
-    using T = typename decltype(element)::type;
-    const T* values = static_cast<const T*>(column.data());
-    // Like a whole one, a part of a float column ends at its first NaN.
-    if constexpr (std::is_same_v<T, float>) {
-      points = std::find_if(values, values + points, [](float value) { return std::isnan(value); }) - values;
-    }
-    return fullExtent(values, points);
-  });
+  const VELColumnView view = column.view();
+  // Like a whole one, a part of a float column ends at its first NaN.
+  if (const auto* values = static_cast<const float*>(view.data); view.type == VELDataType_Float)
+    points = std::find_if(values, values + points, [](float value) { return std::isnan(value); }) - values;
+  return extentOfPoints(view, 0, points - 1, false);
 }
 
 int32_t asIndex(int64_t index) { return VELSaturate<int32_t>(static_cast<double>(index)); }
@@ -81,26 +81,33 @@ int32_t asIndex(int64_t index) { return VELSaturate<int32_t>(static_cast<double>
 
 void VELDataSeries::p_VEL_normalizeColumns() const {
   if (!_isFifo) return;
-  static_cast<VELArrayControllerFIFO&>(*_xColumn).normalizeIndices();
-  static_cast<VELArrayControllerFIFO&>(*_yColumn).normalizeIndices();
+  for (const auto& column : _columns) static_cast<VELArrayControllerFIFO&>(*column).normalizeIndices();
 }
 
 VELRangePtr VELDataSeries::getXRange() const {
   if (_xRangeValid) return _xRange;
-  const int64_t points = count();
+  const int64_t points = p_VEL_pointCount();
+  const VELArrayController& x = *_columns[0];
   // The first points of a longer ring are the first in its buffer only when it is in order.
-  if (_xColumn->count() > points) p_VEL_normalizeColumns();
-  _xRange =
-      rangeOfColumn(*_xColumn, isSorted() ? endsOfSorted(*_xColumn, points) : extentOf(*_xColumn, points));
+  if (x.count() > points) p_VEL_normalizeColumns();
+  Bounds bounds = isSorted() ? endsOfSorted(x, points) : Bounds();
+  // The wrong way round: a full ring takes x in any order.
+  if (!bounds.exist()) bounds = extentOfColumn(x, points);
+  _xRange = rangeOf(x, bounds);
   _xRangeValid = true;
   return _xRange;
 }
 
 VELRangePtr VELDataSeries::getYRange() const {
   if (_yRangeValid) return _yRange;
-  const int64_t points = count();
-  if (_yColumn->count() > points) p_VEL_normalizeColumns();
-  _yRange = rangeOfColumn(*_yColumn, extentOf(*_yColumn, points));
+  const int64_t points = p_VEL_pointCount();
+  Bounds all;
+  for (const size_t column : _layout.yExtent) {
+    const VELArrayController& y = *_columns[column];
+    if (y.count() > points) p_VEL_normalizeColumns();
+    all.include(extentOfColumn(y, points));
+  }
+  _yRange = rangeOf(*yValues(), all);
   _yRangeValid = true;
   return _yRange;
 }
@@ -130,7 +137,7 @@ void VELDataSeries::getIndicesRangeWithVisibleRange(const VELRange& visibleRange
 
 void VELDataSeries::p_VEL_searchDataIndexesOn(double visibleMin, double visibleMax,
                                               VELIndexRange& out) const {
-  const int64_t points = count();
+  const int64_t points = p_VEL_pointCount();
   const VELIndexRange none;
   out.setMin(none.min());
   out.setMax(none.max());
@@ -141,13 +148,13 @@ void VELDataSeries::p_VEL_searchDataIndexesOn(double visibleMin, double visibleM
     return;
   }
   p_VEL_normalizeColumns();
-  const void* x = _xColumn->data();
-  const int64_t inside = VELFirstNotBelowSearch(xType())(x, 0, points, visibleMin);
-  const int64_t beyond = VELFirstAboveSearch(xType())(x, inside, points, visibleMax);
+  const VELColumnView x = _columns[0]->view();
+  const int64_t inside = VELFirstNotBelowSearch(x.type)(x.data, 0, points, visibleMin);
+  const int64_t beyond = VELFirstAboveSearch(x.type)(x.data, inside, points, visibleMax);
   // Everything lies on one side: nothing of it, and no line between two of its points, can be seen.
   if (inside == beyond && (inside == 0 || inside == points)) return;
   const auto isAt = [this](int64_t index, double value) {
-    return VELGenericDouble(_xColumn->valueAt(index)) == value;
+    return VELGenericDouble(_columns[0]->valueAt(index)) == value;
   };
   // A point right on an end of the visible range needs no neighbour outside.
   const bool startsAtPoint = inside < beyond && isAt(inside, visibleMin);
@@ -159,7 +166,7 @@ void VELDataSeries::p_VEL_searchDataIndexesOn(double visibleMin, double visibleM
 void VELDataSeries::p_VEL_toIndicesRange(VELIndexRange& range) const {
   if (!range.isDefined()) return;
   range.setMin(std::max(VELGenericInt(range.min()), 0));
-  range.setMax(std::min(VELGenericInt(range.max()), asIndex(count() - 1)));
+  range.setMax(std::min(VELGenericInt(range.max()), asIndex(p_VEL_pointCount() - 1)));
   if (VELGenericInt(range.min()) > VELGenericInt(range.max())) range.setMin(0);
 }
 
@@ -179,14 +186,15 @@ VELRangePtr VELDataSeries::getWindowYRangeWithXRange(const VELRange& xRange, boo
 }
 
 VELRangePtr VELDataSeries::p_VEL_windowYRange(double xMin, double xMax, bool positive) const {
-  const int64_t points = count();
+  const int64_t points = p_VEL_pointCount();
   if (!isSorted()) return p_VEL_yRangeOfPoints(0, points - 1, positive);
-  if (!(xMin <= xMax)) return rangeOfColumn(*_yColumn, {});
+  if (!(xMin <= xMax)) return rangeOf(*yValues(), {});
   p_VEL_normalizeColumns();
-  const int64_t inside = VELFirstNotBelowSearch(xType())(_xColumn->data(), 0, points, xMin);
-  const int64_t beyond = VELFirstAboveSearch(xType())(_xColumn->data(), inside, points, xMax);
+  const VELColumnView x = _columns[0]->view();
+  const int64_t inside = VELFirstNotBelowSearch(x.type)(x.data, 0, points, xMin);
+  const int64_t beyond = VELFirstAboveSearch(x.type)(x.data, inside, points, xMax);
   if (inside < beyond) return p_VEL_yRangeOfPoints(inside, beyond - 1, positive);
-  if (inside == 0 || inside == points) return rangeOfColumn(*_yColumn, {});
+  if (inside == 0 || inside == points) return rangeOf(*yValues(), {});
   return p_VEL_yRangeOfPoints(inside - 1, inside, positive);
 }
 
@@ -198,27 +206,29 @@ VELRangePtr VELDataSeries::getWindowYRangeWithIndexRange(const VELIndexRange& in
 
 VELRangePtr VELDataSeries::p_VEL_yRangeOfPoints(int64_t first, int64_t last, bool positive) const {
   first = std::max<int64_t>(first, 0);
-  last = std::min(last, count() - 1);
-  if (first > last) return rangeOfColumn(*_yColumn, {});
+  last = std::min(last, p_VEL_pointCount() - 1);
+  if (first > last) return rangeOf(*yValues(), {});
   p_VEL_normalizeColumns();
-  const Bounds bounds = VELVisitElementType(yType(), [&](auto element) {
-    using T = typename decltype(element)::type;
-    const T* y = static_cast<const T*>(_yColumn->data()) + first;
-    return positive ? positiveExtent(y, last - first + 1) : fullExtent(y, last - first + 1);
-  });
-  return rangeOfColumn(*_yColumn, bounds);
+  Bounds all;
+  for (const size_t column : _layout.yExtent)
+    all.include(extentOfPoints(_columns[column]->view(), first, last, positive));
+  return rangeOf(*yValues(), all);
 }
 
 double VELDataSeries::getYMinAt(int64_t index, double existingYMin) const {
-  if (index < 0 || index >= count()) return existingYMin;
-  return std::fmin(existingYMin, VELGenericDouble(_yColumn->valueAt(index)));
+  if (index < 0 || index >= p_VEL_pointCount()) return existingYMin;
+  for (const size_t column : _layout.yExtent)
+    existingYMin = std::fmin(existingYMin, VELGenericDouble(_columns[column]->valueAt(index)));
+  return existingYMin;
 }
 
 double VELDataSeries::getYMaxAt(int64_t index, double existingYMax) const {
-  if (index < 0 || index >= count()) return existingYMax;
-  return std::fmax(existingYMax, VELGenericDouble(_yColumn->valueAt(index)));
+  if (index < 0 || index >= p_VEL_pointCount()) return existingYMax;
+  for (const size_t column : _layout.yExtent)
+    existingYMax = std::fmax(existingYMax, VELGenericDouble(_columns[column]->valueAt(index)));
+  return existingYMax;
 }
 
 int64_t VELDataSeries::findIndexForValue(VELGenericType value, VELArraySearchMode mode) const {
-  return _xColumn->indexOf(value, isSorted(), mode);
+  return _columns[0]->indexOf(value, isSorted(), mode);
 }

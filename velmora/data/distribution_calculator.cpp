@@ -14,9 +14,8 @@ namespace {
 
 /// No element of [first, last) is below the one before it. NaN is below nothing and nothing is below NaN.
 bool ascends(const VELArrayController& controller, int64_t first, int64_t last) {
-  return VELVisitElementType(controller.type(), [&](auto element) {
-    using T = typename decltype(element)::type;
-    const T* values = static_cast<const T*>(controller.data());
+  // What readers see: of categories that is their index, which never descends.
+  return VELVisitElements(controller.view(), [first, last](const auto* values) {
     for (int64_t i = std::max<int64_t>(first, 1); i < last; ++i) {
       if (static_cast<double>(values[i]) < static_cast<double>(values[i - 1])) return false;
     }
@@ -63,7 +62,7 @@ void VELDataDistributionCalculatorBase::clear() {
 void VELUserDefinedDistributionCalculator::onAppendValueInArrayController(
     const VELArrayController& controller, int64_t count, bool acceptsUnsortedData) {
   if (!dataIsSortedAscending()) return;
-  // A full ring brings no new values by its count and has rotated: there is nothing to look at.
+  // Of a full ring nothing is looked at: it has not grown.
   noteOrder(ascends(controller, controller.count() - count, controller.count()), acceptsUnsortedData);
 }
 

@@ -12,7 +12,7 @@ class VELArrayController;
 /// Two flags about an x column and the events that keep them.
 ///
 /// An application may derive its own calculator, or set the flags of the usual one where it knows its data
-/// better: nothing here measures the spacing.
+/// better: nothing here measures the spacing. An event leaves the points of the series as they are.
 class VELMORA_API VELDataDistributionCalculatorBase {
  public:
   virtual ~VELDataDistributionCalculatorBase() = default;
@@ -24,7 +24,8 @@ class VELMORA_API VELDataDistributionCalculatorBase {
   bool dataIsEvenlySpaced() const { return _dataIsEvenlySpaced; }
   void setDataIsEvenlySpaced(bool evenly) { _dataIsEvenlySpaced = evenly; }
 
-  /// The last @p count values of the column are new.
+  /// The column has grown by its last @p count values, in storage order. On purpose 0 for a full ring, which
+  /// grows no more: what it took, and in what place of its buffer, is not said.
   /// @throws VELException "Operation excpetion" in this base, which knows no rule
   virtual void onAppendValueInArrayController(const VELArrayController& controller, int64_t count,
                                               bool acceptsUnsortedData);

@@ -4,11 +4,11 @@
 // Elements are compared in their own type: 64-bit integers that the same double stands for still differ.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
-#include <type_traits>
+#include <span>
+
+#include "velmora/data/extent.h"
 
 /// Indices into the run; -1 for both when it holds nothing but NaN.
 struct VELExtremes {
@@ -17,19 +17,6 @@ struct VELExtremes {
   bool exist() const { return minAt >= 0; }
   bool operator==(const VELExtremes&) const = default;
 };
-
-/// What every number, infinite ones too, is not above.
-template <typename T>
-constexpr T VELHighest() {
-  if constexpr (std::is_floating_point_v<T>) return std::numeric_limits<T>::infinity();
-  return std::numeric_limits<T>::max();
-}
-
-template <typename T>
-constexpr T VELLowest() {
-  if constexpr (std::is_floating_point_v<T>) return -std::numeric_limits<T>::infinity();
-  return std::numeric_limits<T>::lowest();
-}
 
 /// The way for short runs, without a branch that noise would make the processor guess.
 template <typename T>
@@ -55,37 +42,13 @@ int64_t VELLastIndexOf(const T* values, int64_t count, T value) {
   return i;
 }
 
-/// The way for long runs: the two values first, in independent lanes and without their indices, then each
-/// index by a search from the end.
+/// The way for long runs: the two values first, then the index of each by a search from the end.
 template <typename T>
 VELExtremes VELFindExtremesOfLongRun(const T* values, int64_t count) {
-  constexpr size_t kLanes = 8;
-  std::array<T, kLanes> low;
-  std::array<T, kLanes> high;
-  low.fill(VELHighest<T>());
-  high.fill(VELLowest<T>());
-  int64_t i = 0;
-  for (; i + static_cast<int64_t>(kLanes) <= count; i += static_cast<int64_t>(kLanes)) {
-    for (size_t lane = 0; lane < kLanes; ++lane) {
-      const T value = values[i + static_cast<int64_t>(lane)];
-      low[lane] = value < low[lane] ? value : low[lane];
-      high[lane] = value > high[lane] ? value : high[lane];
-    }
-  }
-  for (; i < count; ++i) {
-    const T value = values[i];
-    low[0] = value < low[0] ? value : low[0];
-    high[0] = value > high[0] ? value : high[0];
-  }
-  T lowest = low[0];
-  T highest = high[0];
-  for (size_t lane = 1; lane < kLanes; ++lane) {
-    lowest = low[lane] < lowest ? low[lane] : lowest;
-    highest = high[lane] > highest ? high[lane] : highest;
-  }
-  // Untouched starts are the wrong way round: there was no number.
-  if (!(lowest <= highest)) return {};
-  return {VELLastIndexOf(values, count, lowest), VELLastIndexOf(values, count, highest)};
+  VELExtent<T> found;
+  VELFoldExtent(std::span<const T>(values, static_cast<size_t>(count)), found);
+  if (!found.exists()) return {};
+  return {VELLastIndexOf(values, count, found.low), VELLastIndexOf(values, count, found.high)};
 }
 
 /// From this count on the long way is the faster one.

@@ -52,7 +52,7 @@ class VELMORA_API VELPointSeries {
 
   /// Exactly @p count points whose values are to be written through the columns' buffers: they are
   /// uninitialised. Memory only ever grows, so the same count again allocates nothing.
-  void setCount(int64_t count);
+  virtual void setCount(int64_t count);
 
  private:
   std::shared_ptr<VELArrayController> _xValues;

@@ -5,12 +5,16 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 
 #include "velmora/data/array_controller.h"
+#include "velmora/data/ohlc_point_series.h"
 #include "velmora/data/point_series.h"
 #include "velmora/data/range.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/xyy_point_series.h"
+#include "velmora/data/xyz_point_series.h"
 #include "velmora/platform/export.h"
 
 /// How many points are reduced to few. A bucket is a run of points of equal number.
@@ -62,6 +66,31 @@ class VELMORA_API VELPointResampler {
                                        const VELRange& visibleRange, int32_t viewportWidth,
                                        const PointSeriesPtr& last);
 
+  // The same for points of more than one value, with the modes and errors of `o_executeMode`.
+
+  /// Two values a point. Each bucket gives what it gives for one: MinMax the minima of both columns, then the
+  /// maxima of both; the index is that of y1. Buckets are walked column by column, each column once, and give
+  /// one x for both. For ascending x each pixel column gives the points that either
+  /// column would give alone, at most 8 × width + 2 in all.
+  virtual std::shared_ptr<VELXyyPointSeries> o_executeModeXyy(
+      VELResamplingMode mode, VELArrayController& xColumn, VELArrayController& y1Column,
+      VELArrayController& y2Column, const VELIndexRange& pointRange, const VELRange& visibleRange,
+      int32_t viewportWidth, const PointSeriesPtr& last);
+  /// Prices. In every mode that reduces, a bucket gives one point with x and index of its last one: its first
+  /// open, highest high, lowest low and last close, NaN left out. What is left behind the last full bucket
+  /// gives one more. For ascending x a bucket is a pixel column, with the nearest point outside on each side
+  /// at most width + 2 in all.
+  virtual std::shared_ptr<VELOhlcPointSeries> o_executeModeOhlc(
+      VELResamplingMode mode, VELArrayController& xColumn, VELArrayController& openColumn,
+      VELArrayController& highColumn, VELArrayController& lowColumn, VELArrayController& closeColumn,
+      const VELIndexRange& pointRange, const VELRange& visibleRange, int32_t viewportWidth,
+      const PointSeriesPtr& last);
+  /// The points that x and y alone would give, with the z of each point's index.
+  virtual std::shared_ptr<VELXyzPointSeries> o_executeModeXyz(
+      VELResamplingMode mode, VELArrayController& xColumn, VELArrayController& yColumn,
+      VELArrayController& zColumn, const VELIndexRange& pointRange, const VELRange& visibleRange,
+      int32_t viewportWidth, const PointSeriesPtr& last);
+
   /// Every point of the range.
   virtual PointSeriesPtr o_resampleWithoutReduction(const VELIndexRange& pointRange,
                                                     const VELArrayController& xColumn,
@@ -94,6 +123,17 @@ class VELMORA_API VELPointResampler {
       const VELArrayController& yColumn, int32_t viewportWidth, const PointSeriesPtr& last);
 
  private:
+  /// What a mode comes down to for this data and range; None where no reduction is required. Raises what is
+  /// no mode.
+  VELResamplingMode p_VEL_resolvedMode(VELResamplingMode mode, const VELIndexRange& pointRange,
+                                       int32_t viewportWidth) const;
+  /// Puts rings into logical order.
+  void p_VEL_normalize(std::initializer_list<VELArrayController*> columns) const;
+  PointSeriesPtr p_VEL_reduce(VELResamplingMode mode, const VELIndexRange& pointRange,
+                              const VELRange& visibleRange, const VELArrayController& xColumn,
+                              const VELArrayController& yColumn, int32_t viewportWidth,
+                              const PointSeriesPtr& last);
+
   bool _isFifoData = false;
   bool _isSortedData = false;
   bool _isEvenlySpacedData = false;

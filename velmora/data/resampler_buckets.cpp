@@ -1,26 +1,12 @@
 // The reducers for evenly spaced data: buckets of an equal number of points.
-#include <algorithm>
 #include <limits>
 
 #include "velmora/data/extremes.h"
-#include "velmora/data/resampler.h"
 #include "velmora/data/resampler_parts.h"
 
 namespace {
 
 constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
-
-/// Full buckets, and what is left behind them.
-struct Buckets {
-  Buckets(VELPointRun run, int64_t size) : run(run), size(size), full(run.count / size) {}
-  int64_t rest() const { return run.count - full * size; }
-  int64_t first(int64_t bucket) const { return run.first + bucket * size; }
-  int64_t last(int64_t bucket) const { return first(bucket) + size - 1; }
-
-  VELPointRun run;
-  int64_t size;
-  int64_t full;
-};
 
 /// A y and the index where it stands.
 struct Reduced {
@@ -37,7 +23,7 @@ Reduced extremeAt(const T* y, int64_t first, int64_t count, int64_t at) {
 
 /// x of each bucket's last point, as often as the bucket gives points.
 template <int64_t pointsPerBucket, typename T>
-void writeBucketX(const T* x, const Buckets& buckets, double* out) {
+void writeBucketX(const T* x, const VELBuckets& buckets, double* out) {
   for (int64_t bucket = 0; bucket < buckets.full; ++bucket) {
     const double value = static_cast<double>(x[buckets.last(bucket)]);
     for (int64_t i = 0; i < pointsPerBucket; ++i) *out++ = value;
@@ -95,7 +81,7 @@ struct Middle {
 };
 
 template <typename Writer, typename T, typename Find>
-void writeEachBucket(const Buckets& buckets, const T* y, const VELPointBuffers& out, Find find) {
+void writeEachBucket(const VELBuckets& buckets, const T* y, const VELPointBuffers& out, Find find) {
   for (int64_t bucket = 0; bucket < buckets.full; ++bucket) {
     const int64_t first = buckets.first(bucket);
     const int64_t at = bucket * Writer::kPoints;
@@ -105,8 +91,8 @@ void writeEachBucket(const Buckets& buckets, const T* y, const VELPointBuffers& 
 
 /// All full buckets; the types of the columns and the way to search a bucket are chosen once.
 template <typename Writer>
-void writeFullBuckets(const Buckets& buckets, const VELArrayController& xColumn,
-                      const VELArrayController& yColumn, const VELPointBuffers& out) {
+void writeFullBuckets(const VELBuckets& buckets, const VELColumnView& xColumn, const VELColumnView& yColumn,
+                      const VELPointBuffers& out) {
   VELVisitElements(xColumn, [&](const auto* x) { writeBucketX<Writer::kPoints>(x, buckets, out.x); });
   VELVisitElements(yColumn, [&](const auto* y) {
     if (buckets.size < kVELLongRun) {
@@ -121,10 +107,12 @@ void writeFullBuckets(const Buckets& buckets, const VELArrayController& xColumn,
 
 /// What is left behind the full buckets gives a pair at the x of the column's last point, which may lie
 /// beyond the range: meant so, the line then reaches the end of the data.
-void writeRest(const Buckets& buckets, const VELArrayController& xColumn, const VELArrayController& yColumn,
-               const VELPointBuffers& out) {
+int64_t writeRest(const VELReduction& reduction, const VELColumnView& xColumn, const VELColumnView& yColumn,
+                  const VELPointBuffers& out) {
+  const VELBuckets& buckets = reduction.buckets;
+  if (buckets.rest() == 0) return 0;
   const int64_t at = 2 * buckets.full;
-  const int64_t lastPoint = std::min(xColumn.count(), yColumn.count()) - 1;
+  const int64_t lastPoint = reduction.pointCount - 1;
   VELVisitElements(xColumn,
                    [&](const auto* x) { out.x[at] = out.x[at + 1] = static_cast<double>(x[lastPoint]); });
   VELVisitElements(yColumn, [&](const auto* y) {
@@ -132,65 +120,27 @@ void writeRest(const Buckets& buckets, const VELArrayController& xColumn, const 
     const VELExtremes found = VELFindExtremes(y + first, buckets.rest());
     MinMaxPair::write(y, first, buckets.rest(), found, out.y + at, out.index + at);
   });
-}
-
-/// One point per full bucket; null where there is nothing to reduce.
-template <typename Writer>
-std::shared_ptr<VELPointSeries> onePerBucket(VELPointRun run, const VELArrayController& xColumn,
-                                             const VELArrayController& yColumn, int32_t viewportWidth,
-                                             const std::shared_ptr<VELPointSeries>& last) {
-  const int64_t size = VELBucketSize(run.count, viewportWidth);
-  if (size < 1) return nullptr;
-  const Buckets buckets(run, size);
-  auto points = VELPointSeriesToFill(last, buckets.full);
-  writeFullBuckets<Writer>(buckets, xColumn, yColumn, VELPointBuffers(*points));
-  return points;
+  return 2;
 }
 
 }  // namespace
 
-std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMinMax(const VELIndexRange& pointRange,
-                                                                        const VELArrayController& xColumn,
-                                                                        const VELArrayController& yColumn,
-                                                                        int32_t viewportWidth,
-                                                                        const PointSeriesPtr& last) {
-  const VELPointRun run = VELPointRunOf(pointRange, xColumn, yColumn);
-  const int64_t size = VELBucketSize(run.count, viewportWidth);
-  if (size < 1) return o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
-  const Buckets buckets(run, size);
-  auto points = VELPointSeriesToFill(last, 2 * buckets.full + (buckets.rest() > 0 ? 2 : 0));
-  const VELPointBuffers out(*points);
-  writeFullBuckets<MinMaxPair>(buckets, xColumn, yColumn, out);
-  if (buckets.rest() > 0) writeRest(buckets, xColumn, yColumn, out);
-  return points;
-}
-
-std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMax(const VELIndexRange& pointRange,
-                                                                     const VELArrayController& xColumn,
-                                                                     const VELArrayController& yColumn,
-                                                                     int32_t viewportWidth,
-                                                                     const PointSeriesPtr& last) {
-  const VELPointRun run = VELPointRunOf(pointRange, xColumn, yColumn);
-  auto points = onePerBucket<Maximum>(run, xColumn, yColumn, viewportWidth, last);
-  return points ? points : o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
-}
-
-std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMin(const VELIndexRange& pointRange,
-                                                                     const VELArrayController& xColumn,
-                                                                     const VELArrayController& yColumn,
-                                                                     int32_t viewportWidth,
-                                                                     const PointSeriesPtr& last) {
-  const VELPointRun run = VELPointRunOf(pointRange, xColumn, yColumn);
-  auto points = onePerBucket<Minimum>(run, xColumn, yColumn, viewportWidth, last);
-  return points ? points : o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
-}
-
-std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMid(const VELIndexRange& pointRange,
-                                                                     const VELArrayController& xColumn,
-                                                                     const VELArrayController& yColumn,
-                                                                     int32_t viewportWidth,
-                                                                     const PointSeriesPtr& last) {
-  const VELPointRun run = VELPointRunOf(pointRange, xColumn, yColumn);
-  auto points = onePerBucket<Middle>(run, xColumn, yColumn, viewportWidth, last);
-  return points ? points : o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
+int64_t VELReduceBuckets(const VELReduction& reduction, const VELColumnView& x, const VELColumnView& y,
+                         const VELPointBuffers& out) {
+  const VELBuckets& buckets = reduction.buckets;
+  switch (reduction.mode) {
+    case VELResamplingMode_MinMax:
+      writeFullBuckets<MinMaxPair>(buckets, x, y, out);
+      return 2 * buckets.full + writeRest(reduction, x, y, out);
+    case VELResamplingMode_Max:
+      writeFullBuckets<Maximum>(buckets, x, y, out);
+      break;
+    case VELResamplingMode_Min:
+      writeFullBuckets<Minimum>(buckets, x, y, out);
+      break;
+    default:
+      writeFullBuckets<Middle>(buckets, x, y, out);
+      break;
+  }
+  return buckets.full;
 }

@@ -2,16 +2,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <span>
 #include <type_traits>
 
 #include "velmora/data/extremes.h"
-#include "velmora/data/resampler.h"
 #include "velmora/data/resampler_parts.h"
-#include "velmora/data/sorted_search.h"
 
 namespace {
-
-constexpr int64_t kPointsPerColumn = 4;
 
 /// Indices in ascending order, each once; room for what one column may give and one more.
 class Picks {
@@ -36,7 +34,7 @@ class Picks {
   const int64_t* end() const { return _items.data() + _count; }
 
  private:
-  std::array<int64_t, kPointsPerColumn + 1> _items{};
+  std::array<int64_t, kVELPointsPerPixelColumn + 1> _items{};
   int64_t _count = 0;
 };
 
@@ -46,9 +44,10 @@ class Picks {
 template <typename T>
 class ColumnReducer {
  public:
-  ColumnReducer(const T* y, int32_t* out) : _y(y), _out(out) {}
+  ColumnReducer(const T* y, int32_t* out, bool inGap) : _y(y), _out(out), _inGap(inGap) {}
 
   int64_t written() const { return _written; }
+  bool inGap() const { return _inGap; }
 
   /// A point that is kept whatever it is.
   void keep(int64_t index) {
@@ -109,14 +108,14 @@ class ColumnReducer {
     Picks picks;
     for (const int64_t index : {firstPoint, low, high, lastPoint}) picks.add(index);
     addGaps(picks, first, lastPoint + 1 < last ? lastPoint + 1 : last, last);
-    if (picks.count() > kPointsPerColumn) makeRoom(picks, firstPoint, low, high, lastPoint);
+    if (picks.count() > kVELPointsPerPixelColumn) makeRoom(picks, firstPoint, low, high, lastPoint);
     writeAll(picks);
   }
 
   /// Gaps as far as there is room, one in any case. The one that leads out of the column comes first: it is
   /// the only one that may be wider than a pixel.
   void addGaps(Picks& picks, int64_t first, int64_t trailing, int64_t last) const {
-    const int64_t room = std::max(kPointsPerColumn, picks.count() + 1);
+    const int64_t room = std::max(kVELPointsPerPixelColumn, picks.count() + 1);
     if (trailing < last) picks.add(trailing);
     bool inGap = _inGap;
     for (int64_t i = first; i < trailing && picks.count() < room; ++i) {
@@ -138,113 +137,74 @@ class ColumnReducer {
   const T* _y;
   int32_t* _out;
   int64_t _written = 0;
+  bool _inGap;
+};
+
+/// What one y column of any type wants kept of one pixel column; its type is chosen once for all of them.
+class AnyColumnReducer {
+ public:
+  explicit AnyColumnReducer(const VELColumnView& y) : _y(y.data) {
+    VELVisitElements(y, [this](const auto* values) {
+      using T = std::remove_cvref_t<decltype(*values)>;
+      _reduce = &call<T, &ColumnReducer<T>::reduce, int64_t, int64_t>;
+      _keep = &call<T, &ColumnReducer<T>::keep, int64_t>;
+    });
+  }
+
+  std::span<const int32_t> reduce(int64_t first, int64_t last) { return _reduce(*this, first, last); }
+  std::span<const int32_t> keep(int64_t index) { return _keep(*this, index); }
+
+ private:
+  template <typename T, auto operation, typename... Arguments>
+  static std::span<const int32_t> call(AnyColumnReducer& self, Arguments... arguments) {
+    ColumnReducer<T> reducer(static_cast<const T*>(self._y), self._picked.data(), self._inGap);
+    (reducer.*operation)(arguments...);
+    self._inGap = reducer.inGap();
+    return {self._picked.data(), static_cast<size_t>(reducer.written())};
+  }
+
+  const void* _y;
   bool _inGap = false;
+  std::span<const int32_t> (*_reduce)(AnyColumnReducer&, int64_t, int64_t) = nullptr;
+  std::span<const int32_t> (*_keep)(AnyColumnReducer&, int64_t) = nullptr;
+  std::array<int32_t, kVELPointsPerPixelColumn> _picked{};
 };
 
-/// How x is parted: the points [first, last) lie in [minX, maxX], which has @p columns pixel columns.
-struct Layout {
-  int64_t first = 0;
-  int64_t last = 0;
-  double minX = 0.0;
-  double maxX = 0.0;
-  int32_t columns = 0;
+/// What either of two y columns wants kept.
+class PairReducer {
+ public:
+  PairReducer(const VELColumnView& y1, const VELColumnView& y2, int32_t* out)
+      : _y1(y1), _y2(y2), _begin(out), _end(out) {}
 
-  /// Where a column ends; the last one is closed instead.
-  double edge(int32_t column) const { return minX + (maxX - minX) * (static_cast<double>(column) / columns); }
+  int64_t written() const { return _end - _begin; }
+  void reduce(int64_t first, int64_t last) { merge(_y1.reduce(first, last), _y2.reduce(first, last)); }
+  void keep(int64_t index) { merge(_y1.keep(index), _y2.keep(index)); }
 
-  /// The first column from @p column on that ends behind an x; `columns` when none does, and for NaN.
-  int32_t columnBehind(double x, int32_t column) const {
-    int32_t beyond = columns;
-    while (column < beyond) {
-      const int32_t middle = column + (beyond - column) / 2;
-      if (x < edge(middle)) {
-        beyond = middle;
-      } else {
-        column = middle + 1;
-      }
-    }
-    return beyond;
+ private:
+  void merge(std::span<const int32_t> a, std::span<const int32_t> b) {
+    _end = std::set_union(a.begin(), a.end(), b.begin(), b.end(), _end);
   }
+
+  AnyColumnReducer _y1;
+  AnyColumnReducer _y2;
+  int32_t* _begin;
+  int32_t* _end;
 };
-
-/// The visible range as far as there is data; the range of the data where the visible one is no range.
-void p_VEL_o_getXRangeFrom(const VELArrayController& xColumn, VELPointRun run, const VELRange& visibleRange,
-                           double& minX, double& maxX) {
-  double dataMin = VELGenericDouble(xColumn.valueAt(run.first));
-  double dataMax = VELGenericDouble(xColumn.valueAt(run.last()));
-  for (int64_t i = run.first; i < run.last() && std::isnan(dataMin); ++i) {
-    dataMin = VELGenericDouble(xColumn.valueAt(i + 1));
-  }
-  for (int64_t i = run.last(); i > run.first && std::isnan(dataMax); --i) {
-    dataMax = VELGenericDouble(xColumn.valueAt(i - 1));
-  }
-  minX = visibleRange.minAsDouble();
-  maxX = visibleRange.maxAsDouble();
-  if (!(minX > dataMin)) minX = dataMin;
-  if (!(maxX < dataMax)) maxX = dataMax;
-  if (minX <= maxX) return;
-  minX = dataMin;
-  maxX = dataMax;
-}
-
-template <typename T>
-int64_t p_VEL_o_reducePointUnevenImpl(VELPointRun run, const Layout& layout,
-                                      const VELArrayController& xColumn, const T* y, int32_t* out) {
-  const void* x = xColumn.data();
-  const VELSortedSearch firstNotBelow = VELFirstNotBelowSearch(xColumn.type());
-  const VELNumberSearch nextNumber = VELNextNumberSearch(xColumn.type());
-  ColumnReducer<T> reducer(y, out);
-  if (layout.first > run.first) reducer.keep(layout.first - 1);
-  int64_t first = layout.first;
-  int32_t column = 1;
-  while (column < layout.columns && first < layout.last) {
-    const int64_t last = firstNotBelow(x, first, layout.last, layout.edge(column));
-    ++column;
-    // Behind an empty column straight to the next one that holds a point: each search in between would walk
-    // over the same run of NaN.
-    if (last == first) column = layout.columnBehind(nextNumber(x, first, layout.last), column);
-    reducer.reduce(first, last);
-    first = last;
-  }
-  reducer.reduce(first, layout.last);
-  if (layout.last <= run.last()) reducer.keep(layout.last);
-  return reducer.written();
-}
 
 }  // namespace
 
-std::shared_ptr<VELPointSeries> VELPointResampler::o_reducePointsMinMaxUnevenlySpaced(
-    const VELIndexRange& pointRange, const VELRange& visibleRange, const VELArrayController& xColumn,
-    const VELArrayController& yColumn, int32_t viewportWidth, const PointSeriesPtr& last) {
-  const VELPointRun run = VELPointRunOf(pointRange, xColumn, yColumn);
-  if (VELBucketSize(run.count, viewportWidth) < 1) {
-    return o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
-  }
-  Layout layout;
-  layout.columns = viewportWidth;
-  p_VEL_o_getXRangeFrom(xColumn, run, visibleRange, layout.minX, layout.maxX);
-  // Infinite ends have no columns between them.
-  if (!std::isfinite(layout.maxX - layout.minX)) {
-    return o_resampleWithoutReduction(pointRange, xColumn, yColumn, last);
-  }
-  const int64_t end = run.first + run.count;
-  layout.first = VELFirstNotBelowSearch(xColumn.type())(xColumn.data(), run.first, end, layout.minX);
-  layout.last = VELFirstAboveSearch(xColumn.type())(xColumn.data(), layout.first, end, layout.maxX);
-
-  auto points = VELPointSeriesToFill(last, kPointsPerColumn * viewportWidth + 2);
-  const VELPointBuffers out(*points);
-  const int64_t written = VELVisitElements(yColumn, [&](const auto* y) {
-    return p_VEL_o_reducePointUnevenImpl(run, layout, xColumn, y, out.index);
+int64_t VELPickFromPixelColumns(const VELPixelColumns& columns, const VELColumnView& x,
+                                const VELColumnView& y, int32_t* out) {
+  return VELVisitElements(y, [&](const auto* values) {
+    ColumnReducer reducer(values, out, false);
+    VELWalkPixelColumns(columns, x, reducer);
+    return reducer.written();
   });
-  const auto gather = [&](double* target) {
-    return [&out, target, written](const auto* values) {
-      for (int64_t i = 0; i < written; ++i) target[i] = static_cast<double>(values[out.index[i]]);
-    };
-  };
-  VELVisitElements(xColumn, gather(out.x));
-  VELVisitElements(yColumn, gather(out.y));
-  points->xValues()->setCount(written);
-  points->yValues()->setCount(written);
-  points->indices()->setCount(written);
-  return points;
+}
+
+int64_t VELPickFromPixelColumns(const VELPixelColumns& columns, const VELColumnView& x,
+                                const VELColumnView& y1, const VELColumnView& y2, int32_t* out) {
+  PairReducer reducer(y1, y2, out);
+  VELWalkPixelColumns(columns, x, reducer);
+  return reducer.written();
 }

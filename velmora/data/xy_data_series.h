@@ -3,15 +3,8 @@
 
 #include <cstdint>
 #include <memory>
-#include <ranges>
-#include <span>
-#include <type_traits>
 
 #include "velmora/data/data_series.h"
-
-/// Rows of numbers in contiguous memory: std::span, std::vector, std::array.
-template <class Values>
-concept VELContiguousValues = std::ranges::contiguous_range<Values> && std::ranges::sized_range<Values>;
 
 /// The data of lines, mountains, columns, impulses and scatters.
 ///
@@ -22,12 +15,16 @@ class VELMORA_API VELXyDataSeries : public VELDataSeries {
   /// Empty columns of the two storage types, Int16 to DateTime.
   /// @throws VELInvalidArgumentException for any other type
   VELXyDataSeries(VELDataType xType, VELDataType yType);
-  /// A ring that keeps the newest @p fifoSize points; null for a negative size or a type that no column
-  /// stores.
+  // The other forms are null for a type that no column stores.
+  /// A ring that keeps the newest @p fifoSize points; null for a negative size, too.
   static std::shared_ptr<VELXyDataSeries> initFifoWithXType(VELDataType xType, VELDataType yType,
                                                             int32_t fifoSize);
+  // Category columns keep their values and are read as their indices.
+  static std::shared_ptr<VELXyDataSeries> initWithCategoryXType(VELDataType xType, VELDataType yType);
+  static std::shared_ptr<VELXyDataSeries> initWithCategoryXTypeCategoryYType(VELDataType xType,
+                                                                             VELDataType yType);
+  static std::shared_ptr<VELXyDataSeries> initWithXTypeCategoryYType(VELDataType xType, VELDataType yType);
 
-  VELDataSeriesType dataSeriesType() const override { return VELDataSeriesType_Xy; }
   std::shared_ptr<VELDataSeries> clone() const override;
 
   /// Appends a point. Two values, or two arrays of dates of equal length to columns of dates; when either has
@@ -39,36 +36,27 @@ class VELMORA_API VELXyDataSeries : public VELDataSeries {
   /// not grow by what is appended.
   /// @throws VELException "Operation exception" for unsorted x that is not accepted
   /// @throws VELInvalidArgumentException for a date in a column of numbers and the other way round, and for
-  ///         arrays of different length; neither column has changed then
+  ///         arrays of different length; no column has changed then
   void appendX(VELGenericType x, VELGenericType y);
   /// Appends rows of equal length, unboxed; they may be of this series' own columns. Rings take single points
   /// only.
   /// @throws VELInvalidArgumentException for rows of different length; and as above
-  template <VELContiguousValues XValues, VELContiguousValues YValues>
-  void appendRangeX(const XValues& x, const YValues& y) {
-    using Y = std::ranges::range_value_t<YValues>;
-    const size_t added = std::ranges::size(x);
-    assertEqualSize(added, std::ranges::size(y), "appendRangeX:Y:");
-    if (isFifo() || added == 0) return;
-    if constexpr (std::is_same_v<Y, VELDate>) _yColumn->countToAppend(VELDate(0.0));
-    VELRawBuffer copy;
-    const auto yValues = _xColumn->detached(std::span<const Y>(std::ranges::data(y), added), copy);
-    const int64_t previousCount = _xColumn->count();
-    _xColumn->appendRange(std::span(std::ranges::data(x), added));
-    onAppendXColumnWithPreviousCount(previousCount);
-    _yColumn->appendRange(yValues);
-    dataSeriesChanged();
-  }
+  void appendRangeX(VELNumberSpan x, VELNumberSpan y);
   /// Appends @p count points from pointers to scalars, as above; a column of dates also takes an array of
   /// dates. Any other value and a null pointer on either side append nothing.
   void appendRangeX(VELGenericType x, VELGenericType y, int64_t count);
 
   /// Replaces a point; nothing happens when either value is no number.
-  /// @throws VELException "Operation exception" for unsorted x that is not accepted, x being replaced then
+  ///
+  /// Unlike an append, an update or insert that raises for the order of x is carried out all the same: the
+  /// point is whole and the change was told before the exception goes on.
+  /// @throws VELException "Operation exception" for unsorted x that is not accepted
   void updateAt(int64_t index, VELGenericType xValue, VELGenericType yValue);
-  /// Puts a point in at an index of 0 to `count()`. Rings ignore it.
+  /// Puts a point in at an index of 0 to as many points as have all values. Rings ignore it.
   /// @throws VELException as above
   void insertAt(int64_t index, VELGenericType x, VELGenericType y);
+  /// Puts rows of equal length in, as `appendRangeX` takes them.
+  void insertRangeAt(int64_t index, VELNumberSpan x, VELNumberSpan y);
   /// Puts @p count points from pointers to scalars in, as above.
   void insertRangeAt(int64_t index, VELGenericType x, VELGenericType y, int64_t count);
 
@@ -78,9 +66,6 @@ class VELMORA_API VELXyDataSeries : public VELDataSeries {
                                                                   const VELRange& visibleRange,
                                                                   VELPointResampler& resampler) override;
 
- private:
-  /// @throws VELInvalidArgumentException with the selector when the counts differ
-  static void assertEqualSize(size_t xCount, size_t yCount, const char* selector);
-  /// Both columns take a value of it. Asked before either is touched.
-  bool p_VEL_takesX(VELGenericType x, VELGenericType y) const;
+ protected:
+  explicit VELXyDataSeries(Columns columns);
 };

@@ -32,6 +32,9 @@ class VELMORA_API VELCalendar {
   VELCalendar(const VELCalendar&) = delete;
   VELCalendar& operator=(const VELCalendar&) = delete;
   ~VELCalendar();
+  /// The calendar in the time zone of the process, which TZ or else the machine names; "UTC" where they name
+  /// none that is known. Found at first use; one shared object, never null.
+  static const std::shared_ptr<const VELCalendar>& current();
 
   const std::string& timeZone() const { return _timeZone; }
   /// Nothing for NaN and infinities. A date more than five million years away counts as the last one

@@ -27,8 +27,12 @@ class VELMORA_API VELDateFormatter {
   /// mean nothing; the old one stays
   void setPattern(const std::string& pattern);
   const std::string& locale() const { return _locale; }
+  /// An equal name costs nothing. @throws VELInvalidArgumentException naming an unknown locale; the old one
+  /// stays
+  void setLocale(const std::string& locale);
   const std::string& timeZone() const { return _timeZone; }
-  /// @throws VELInvalidArgumentException naming an unknown time zone; the old one stays
+  /// An equal name costs nothing. @throws VELInvalidArgumentException naming an unknown time zone; the old
+  /// one stays
   void setTimeZone(const std::string& timeZone);
 
   /// UTF-8; empty for NaN and infinities. A date more than five million years away counts as the last one

@@ -29,6 +29,7 @@ class VELMORA_API VELOpenGLRenderSurface final : public VELRenderSurfaceBase {
   VELOpenGLRenderSurface(Key, const VELRect& frame, VELHost& host);
   ~VELOpenGLRenderSurface() override;
 
+  std::shared_ptr<VELDisplayLink> displayLink() const override { return _displayLink.lock(); }
   void onRenderTimeElapsed() override;
   void layoutSubviews() override;
   void compose(VELComposer& composer, const VELRect& frameInRoot) override;

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "velmora/platform/display_link.h"
 #include "velmora/platform/view.h"
 #include "velmora/rendering/render_context.h"
 #include "velmora/rendering/render_surface.h"
@@ -17,6 +18,8 @@ class VELMORA_API VELRenderSurfaceBase : public VELView, public VELRenderSurface
   explicit VELRenderSurfaceBase(const VELRect& frame) : VELView(frame) {}
 
   const VELRect& frame() const override { return VELView::frame(); }
+  /// The beat at which this surface redraws; null for none.
+  virtual std::shared_ptr<VELDisplayLink> displayLink() const { return nullptr; }
 
   /// Stores a context and lets its invalidation set the flag of its kind. A changed background sets the
   /// modifier flag on purpose: the lighter of the two steps draws it.

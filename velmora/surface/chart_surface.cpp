@@ -416,6 +416,11 @@ double VELChartSurface::contentScale() const {
   return view ? view->contentScale() : 1.0;
 }
 
+std::shared_ptr<VELDisplayLink> VELChartSurface::displayLink() const {
+  const auto surface = _renderSurface.lock();
+  return surface ? surface->displayLink() : nullptr;
+}
+
 VELRect VELChartSurface::viewBounds() const {
   const auto strongView = _view.lock();
   return strongView ? strongView->bounds() : VELRect{};

@@ -121,6 +121,7 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
   size_t axisSeriesCount() const override { return _renderableSeries.size(); }
   VELAxisSeries* axisSeriesAt(size_t index) const override;
   double contentScale() const override;
+  std::shared_ptr<VELDisplayLink> displayLink() const override;
   VELRect viewBounds() const override;
 
  private:

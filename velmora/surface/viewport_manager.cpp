@@ -18,10 +18,10 @@ void VELViewportManager::invalidateElement() {
   if (const auto surface = _scs.lock()) surface->invalidateElement();
 }
 
-VELRangePtr VELViewportManager::calculateAutoRange(VELAxisBase& axis) {
+VELRangePtr VELViewportManager::calculateAutoRange(VELAxisBase& axis, const Ranges* xRanges) {
   const VELAutoRange mode = axis.autoRange();
   if (mode != VELAutoRange_Once && mode != VELAutoRange_Always) return axis.visibleRange();
-  const VELRangePtr maximum = axis.getMaximumRange();
+  const VELRangePtr maximum = axis.getMaximumRange(xRanges);
   return maximum && maximum->isDefined() ? maximum : axis.visibleRange();
 }
 
@@ -35,6 +35,7 @@ VELRangePtr VELViewportManager::onCalculateNewYRange(VELAxisBase& axis, const VE
 }
 
 void VELViewportManager::animateZoomExtents(float duration) {
+  const auto self = weak_from_this().lock();
   const auto surface = _scs.lock();
   if (!surface || !surface->xAxes() || !surface->yAxes()) return;
   if (surface->xAxes()->count() == 0 || surface->yAxes()->count() == 0) return;
@@ -49,6 +50,7 @@ void VELViewportManager::animateZoomExtentsY(float duration) {
 }
 
 VELViewportManager::Ranges VELViewportManager::p_VEL_zoomExtentsXInternal(float duration) {
+  const auto self = weak_from_this().lock();
   Ranges ranges;
   const auto surface = _scs.lock();
   if (!surface) return ranges;
@@ -61,6 +63,7 @@ VELViewportManager::Ranges VELViewportManager::p_VEL_zoomExtentsXInternal(float 
 }
 
 void VELViewportManager::p_VEL_zoomExtentsYWithRanges(const Ranges* ranges, float duration) {
+  const auto self = weak_from_this().lock();
   const auto surface = _scs.lock();
   if (!surface) return;
   VELForEachAxis(surface->yAxes(),
@@ -72,16 +75,23 @@ void VELViewportManager::p_VEL_zoomExtentsOnYAxis(VELAxisBase& axis, const Range
 }
 
 void VELViewportManager::autorangeAxes() {
+  const auto self = weak_from_this().lock();
   const auto surface = _scs.lock();
   if (!surface) return;
-  const auto autorange = [this](VELAxisBase& axis) { p_VEL_o_tryPerformAutorangeOnAxis(axis); };
-  VELForEachAxis(surface->xAxes(), autorange);
-  VELForEachAxis(surface->yAxes(), autorange);
+  // Only axes in flight, so that a steady pass allocates nothing.
+  Ranges targets;
+  VELForEachAxis(surface->xAxes(), [&](VELAxisBase& axis) {
+    p_VEL_o_tryPerformAutorangeOnAxis(axis, nullptr);
+    if (axis.isAnimating()) targets[axis.axisId()] = axis.visibleRangeTarget();
+  });
+  VELForEachAxis(surface->yAxes(), [&](VELAxisBase& axis) {
+    p_VEL_o_tryPerformAutorangeOnAxis(axis, axis.autoRange() == VELAutoRange_Once ? &targets : nullptr);
+  });
 }
 
-void VELViewportManager::p_VEL_o_tryPerformAutorangeOnAxis(VELAxisBase& axis) {
+void VELViewportManager::p_VEL_o_tryPerformAutorangeOnAxis(VELAxisBase& axis, const Ranges* xRanges) {
   const VELAutoRange mode = axis.autoRange();
   const bool stillOpen = !axis.hasValidVisibleRange() || axis.hasDefaultVisibleRange();
   if (mode != VELAutoRange_Always && !(mode == VELAutoRange_Once && stillOpen)) return;
-  VELApplyRange(axis, calculateAutoRange(axis));
+  VELApplyRange(axis, calculateAutoRange(axis, xRanges));
 }

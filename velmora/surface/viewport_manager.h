@@ -15,7 +15,11 @@ class VELChartSurface;
 class VELRenderPassInfo;
 
 /// Auto-ranges axes and zooms them to the extents of their data. Does nothing while detached.
-class VELMORA_API VELViewportManager : public VELInvalidatableElement {
+///
+/// Blocks that are told of a range may give the surface other axes or another manager: the walk under way
+/// goes on over the axes that it began with, and a manager that was replaced begins no other.
+class VELMORA_API VELViewportManager : public VELInvalidatableElement,
+                                       public std::enable_shared_from_this<VELViewportManager> {
  public:
   /// Axis id to the range given to that axis.
   using Ranges = std::map<std::string, VELRangePtr>;
@@ -27,7 +31,8 @@ class VELMORA_API VELViewportManager : public VELInvalidatableElement {
   void invalidateElement() override;
 
   /// The maximum range of an axis that auto-ranges, where it is defined; else its visible range.
-  VELRangePtr calculateAutoRange(VELAxisBase& axis);
+  /// @param xRanges for the extent of a Y axis, see `VELAxisBase::getMaximumRange`
+  VELRangePtr calculateAutoRange(VELAxisBase& axis, const Ranges* xRanges = nullptr);
   VELRangePtr calculateNewXAxisRange(VELAxisBase& axis) { return onCalculateNewXRange(axis); }
   VELRangePtr calculateNewYAxisRange(VELAxisBase& axis, const VELRenderPassInfo& info) {
     return onCalculateNewYRange(axis, info);
@@ -41,7 +46,8 @@ class VELMORA_API VELViewportManager : public VELInvalidatableElement {
   void zoomExtentsY() { animateZoomExtentsY(0.0f); }
   void animateZoomExtentsY(float duration);
 
-  /// Runs at the start of every pass: X axes, then Y axes.
+  /// Runs at the start of every pass: X axes, then Y axes. A Y axis that ranges once takes the data where
+  /// animated X axes are going, one that always ranges the data that they show.
   void autorangeAxes();
 
  protected:
@@ -53,7 +59,7 @@ class VELMORA_API VELViewportManager : public VELInvalidatableElement {
   Ranges p_VEL_zoomExtentsXInternal(float duration);
   void p_VEL_zoomExtentsYWithRanges(const Ranges* ranges, float duration);
   void p_VEL_zoomExtentsOnYAxis(VELAxisBase& axis, const Ranges* ranges, float duration);
-  void p_VEL_o_tryPerformAutorangeOnAxis(VELAxisBase& axis);
+  void p_VEL_o_tryPerformAutorangeOnAxis(VELAxisBase& axis, const Ranges* xRanges);
 
   bool _isAttached = false;
   std::weak_ptr<VELChartSurface> _scs;

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int32_t kFarthestYear = 5'000'000;
 constexpr int32_t kFarthestPart = 100'000'000;
+constexpr double kLastFraction = 1.0 - 0x1p-47;  // 59 and it are the last number below 60
 
 int32_t part(int32_t value) { return std::clamp(value, -kFarthestPart, kFarthestPart); }
 
@@ -26,6 +27,12 @@ VELCalendar::VELCalendar(const std::string& timeZone)
     : _timeZone(timeZone), _engine(std::make_unique<Engine>(Engine{VELICUCalendar(timeZone)})) {}
 
 VELCalendar::~VELCalendar() = default;
+
+const std::shared_ptr<const VELCalendar>& VELCalendar::current() {
+  static const std::shared_ptr<const VELCalendar> calendar =
+      std::make_shared<const VELCalendar>(VELICUCurrentTimeZone());
+  return calendar;
+}
 
 std::optional<VELDateComponents> VELCalendar::componentsFromDate(VELDate date) const {
   if (!std::isfinite(date.timeIntervalSince1970())) return std::nullopt;
@@ -42,7 +49,7 @@ std::optional<VELDateComponents> VELCalendar::componentsFromDate(VELDate date) c
   components.day = field(UCAL_DATE);
   components.hour = field(UCAL_HOUR_OF_DAY);
   components.minute = field(UCAL_MINUTE);
-  components.second = field(UCAL_SECOND) + (seconds - whole);
+  components.second = field(UCAL_SECOND) + std::min(seconds - whole, kLastFraction);
   components.weekday = mondayFirst(field(UCAL_DAY_OF_WEEK));
   components.dayOfYear = field(UCAL_DAY_OF_YEAR);
   if (U_FAILURE(status)) return std::nullopt;

@@ -10,6 +10,20 @@
 
 struct VELDateFormatter::Engine {
   std::unique_ptr<icu::SimpleDateFormat> format;
+  // Given to each call: left alone, the format copies its own one for every date.
+  std::unique_ptr<icu::GregorianCalendar> calendar;
+
+  Engine(const std::string& pattern, const std::string& locale, const std::string& timeZone) {
+    const icu::Locale place = VELICULocale(locale);
+    calendar = VELICUCalendar(timeZone, place);
+    UErrorCode status = U_ZERO_ERROR;
+    format = std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString::fromUTF8(pattern), place, status);
+    if (U_FAILURE(status))
+      throw VELInternalInconsistencyException(std::string("The date formatter cannot be made: ") +
+                                              u_errorName(status));
+    // Also in places that count years in another calendar.
+    format->adoptCalendar(calendar->clone());
+  }
 };
 
 namespace {
@@ -26,14 +40,7 @@ bool isUsable(const icu::SimpleDateFormat& format) {
 
 VELDateFormatter::VELDateFormatter(const std::string& pattern, const std::string& locale,
                                    const std::string& timeZone)
-    : _locale(locale), _engine(std::make_unique<Engine>()) {
-  UErrorCode status = U_ZERO_ERROR;
-  _engine->format =
-      std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString(), VELICULocale(locale), status);
-  if (U_FAILURE(status))
-    throw VELInternalInconsistencyException(std::string("The date formatter cannot be made: ") +
-                                            u_errorName(status));
-  setTimeZone(timeZone);
+    : _locale(locale), _timeZone(timeZone), _engine(std::make_unique<Engine>("", locale, timeZone)) {
   setPattern(pattern);
 }
 
@@ -50,15 +57,26 @@ void VELDateFormatter::setPattern(const std::string& pattern) {
   _pattern = pattern;
 }
 
+void VELDateFormatter::setLocale(const std::string& locale) {
+  if (locale == _locale) return;
+  _engine = std::make_unique<Engine>(_pattern, locale, _timeZone);
+  _locale = locale;
+}
+
 void VELDateFormatter::setTimeZone(const std::string& timeZone) {
-  _engine->format->adoptCalendar(VELICUCalendar(timeZone).release());
+  if (timeZone == _timeZone) return;
+  _engine->calendar->adoptTimeZone(VELICUTimeZone(timeZone).release());
+  _engine->format->setTimeZone(_engine->calendar->getTimeZone());
   _timeZone = timeZone;
 }
 
 std::string VELDateFormatter::stringFromDate(VELDate date) const {
   const double seconds = date.timeIntervalSince1970();
   if (!std::isfinite(seconds)) return {};
+  UErrorCode status = U_ZERO_ERROR;
+  _engine->calendar->setTime(VELICUDate(seconds), status);
   icu::UnicodeString text;
-  _engine->format->format(VELICUDate(seconds), text);
+  icu::FieldPosition nowhere(icu::FieldPosition::DONT_CARE);
+  _engine->format->format(*_engine->calendar, text, nowhere);
   return VELUtf8From(text);
 }

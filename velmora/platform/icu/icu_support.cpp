@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "velmora/platform/exception.h"
 
@@ -19,18 +20,39 @@ icu::Locale VELICULocale(const std::string& name) {
   return locale;
 }
 
+namespace {
+
+/// Null when nobody knows the name. The zone that ICU makes then, and hands out by its own name, too, can be
+/// told by that name alone.
+std::unique_ptr<icu::TimeZone> knownZone(const icu::UnicodeString& name) {
+  std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createTimeZone(name));
+  icu::UnicodeString found;
+  return zone && zone->getID(found) != icu::UnicodeString(UCAL_UNKNOWN_ZONE_ID) ? std::move(zone) : nullptr;
+}
+
+}  // namespace
+
 std::unique_ptr<icu::TimeZone> VELICUTimeZone(const std::string& name) {
-  std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(name)));
-  if (!zone || *zone == icu::TimeZone::getUnknown())
+  std::unique_ptr<icu::TimeZone> zone = knownZone(icu::UnicodeString::fromUTF8(name));
+  if (!zone)
     throw VELInvalidArgumentException("There is no time zone \"" + name +
                                       "\"; one is written like \"Europe/Berlin\"");
   return zone;
 }
 
-std::unique_ptr<icu::GregorianCalendar> VELICUCalendar(const std::string& timeZone) {
+std::string VELICUCurrentTimeZone() {
+  const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
+  icu::UnicodeString name;
+  if (zone) zone->getID(name);
+  // A machine may name a zone that has no data here; then its clocks are unknown, not the application wrong.
+  return knownZone(name) ? VELUtf8From(name) : "UTC";
+}
+
+std::unique_ptr<icu::GregorianCalendar> VELICUCalendar(const std::string& timeZone,
+                                                       const icu::Locale& locale) {
   UErrorCode status = U_ZERO_ERROR;
-  auto calendar = std::make_unique<icu::GregorianCalendar>(VELICUTimeZone(timeZone).release(),
-                                                           icu::Locale::getRoot(), status);
+  auto calendar =
+      std::make_unique<icu::GregorianCalendar>(VELICUTimeZone(timeZone).release(), locale, status);
   // One calendar for all times: days are counted alike before 1582.
   calendar->setGregorianChange(-std::numeric_limits<double>::max(), status);
   calendar->setRepeatedWallTimeOption(UCAL_WALLTIME_FIRST);

@@ -14,8 +14,12 @@
 icu::Locale VELICULocale(const std::string& name);
 /// @throws VELInvalidArgumentException naming an unknown time zone
 std::unique_ptr<icu::TimeZone> VELICUTimeZone(const std::string& name);
-/// The Gregorian calendar, for all years. @throws VELInvalidArgumentException naming an unknown time zone
-std::unique_ptr<icu::GregorianCalendar> VELICUCalendar(const std::string& timeZone);
+/// Name of the process' time zone; "UTC" where nobody knows it.
+std::string VELICUCurrentTimeZone();
+/// The Gregorian calendar, for all years; the locale says on which day a week begins.
+/// @throws VELInvalidArgumentException naming an unknown time zone
+std::unique_ptr<icu::GregorianCalendar> VELICUCalendar(const std::string& timeZone,
+                                                       const icu::Locale& locale = icu::Locale::getRoot());
 /// Milliseconds since 1970, within five million years.
 UDate VELICUDate(double secondsSince1970);
 

@@ -1,0 +1,171 @@
+// axes/date_label_test.cpp: moments as labels, and categories by their values.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/axes/fake_chart.h"
+#include "tests/support/allocation_counter.h"
+#include "velmora/axes/category_date_time_axis.h"
+#include "velmora/axes/category_numeric_axis.h"
+#include "velmora/axes/date_time_axis.h"
+#include "velmora/axes/date_time_label_provider.h"
+#include "velmora/platform/exception.h"
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kLeapDay2024 = 1709164800.0;     // 2024-02-29 00:00 UTC
+constexpr double kClocksGoOn2024 = 1711846800.0;  // 2024-03-31 01:00 UTC, in Berlin 03:00
+constexpr double kClocksGoBack2024 = 1729990800.0;
+
+double day(int32_t year, int32_t month, int32_t dayOfMonth) {
+  return VELCalendar().dateFromComponents({year, month, dayOfMonth}).timeIntervalSince1970();
+}
+
+std::shared_ptr<VELDateTimeAxis> dateAxis(double span, const char* zone, const char* locale) {
+  auto axis = std::make_shared<VELDateTimeAxis>();
+  axis->setTimeZone(zone);
+  axis->setLocale(locale);
+  axis->setVisibleRange(std::make_shared<VELDateRange>(kLeapDay2024, kLeapDay2024 + span));
+  return axis;
+}
+
+TEST(DateLabels, FollowTheSpanTheTimeZoneAndTheLocale) {
+  const struct {
+    double span;
+    const char *zone, *locale;
+    VELGenericType value;
+    const char* text;
+  } rows[] = {
+      {86400.0, "UTC", "en_US", kLeapDay2024 + 54245.0, "03:04:05"},
+      {86401.0, "UTC", "en_US", kLeapDay2024 + 54245.0, "29 Feb"},
+      {3600.0, "Europe/Berlin", "en_US", VELDate(kClocksGoOn2024 - 1.0), "01:59:59"},
+      {3600.0, "Europe/Berlin", "en_US", VELDate(kClocksGoOn2024), "03:00:00"},
+      {3600.0, "Europe/Berlin", "en_US", VELDate(kClocksGoBack2024), "02:00:00"},
+      {1e9, "Asia/Tokyo", "de", VELDate(kLeapDay2024 - 1.0), "29 Feb."},
+      {1e9, "UTC", "fr", VELDate(kLeapDay2024), "29 févr."},
+      {1e9, "UTC", "en_US", VELDate(kNaN), ""},
+      {1e9, "UTC", "en_US", int64_t{86400}, ""},  // a counter is no date
+  };
+  for (const auto& row : rows)
+    EXPECT_EQ(dateAxis(row.span, row.zone, row.locale)->formatText(row.value), row.text);
+}
+
+TEST(DateLabels, EveryChangeOfTheAxisShowsAtOnceAndAWrongOneLeavesTheOld) {
+  const auto axis = dateAxis(1e9, "UTC", "en_US");
+  const auto surface = std::make_shared<FakeSurface>();
+  EXPECT_EQ(axis->formatCursorText(kLeapDay2024), "29 Feb");
+  axis->setCursorTextFormatting("yyyy-MM-dd HH");
+  axis->setParentSurface(surface);
+  axis->setTimeZone("Asia/Tokyo");
+  axis->setLocale("fr");
+  axis->setSubDayTextFormatting("HH");
+  EXPECT_EQ(surface->invalidations, 3);
+  EXPECT_THROW(axis->setTimeZone("Mars/Phobos"), VELInvalidArgumentException);
+  EXPECT_THROW(axis->setLocale("xx"), VELInvalidArgumentException);
+  EXPECT_EQ(axis->formatCursorText(kLeapDay2024), "2024-02-29 09");
+  EXPECT_EQ(axis->formatText(kLeapDay2024), "29 févr.");
+  axis->setTextFormatting("yyyy-MM-dd");
+  const auto allocations = [&] {
+    const AllocationCounter counter;
+    EXPECT_EQ(axis->formatText(kLeapDay2024), "2024-02-29");
+    return counter.count();
+  };
+  allocations();
+  const auto usual = allocations();
+  axis->setTextFormatting("dd nn");
+  EXPECT_GT(allocations(), usual);
+  EXPECT_EQ(allocations(), usual) << "a pattern that means nothing is tried once";
+  axis->setVisibleRange(nullptr);
+  EXPECT_EQ(axis->formatText(kLeapDay2024), "09") << "nothing shown is no long span";
+  axis->setTimeZone("");
+  EXPECT_EQ(&axis->calendar(), VELCalendar::current().get());
+}
+
+TEST(DateLabels, BelongToDateAxesAlone) {
+  const auto axis = std::make_shared<VELCategoryDateTimeAxis>();
+  axis->setLabelProvider(std::make_shared<VELDateTimeLabelProvider>());
+  try {
+    axis->formatCursorText(0.0);
+    ADD_FAILURE();
+  } catch (const VELInternalInconsistencyException& exception) {
+    EXPECT_STREQ(exception.what(), "VELDateTimeLabelFormatter is only valid on instances of VELDateTimeAxis");
+  }
+}
+
+/// A category axis with one series of its categories.
+template <class Axis>
+struct Categories {
+  std::shared_ptr<FakeSurface> surface = std::make_shared<FakeSurface>();
+  std::shared_ptr<Axis> axis = std::make_shared<Axis>();
+
+  template <class Value>
+  explicit Categories(VELDataType type, const std::vector<Value>& values) {
+    const auto data = VELXyDataSeries::initWithCategoryXType(type, VELDataType_Double);
+    for (const Value value : values) data->appendX(value, 1.0);
+    surface->series.push_back(std::make_shared<FakeSeries>());
+    surface->series[0]->data = data;
+    axis->setParentSurface(surface);
+  }
+};
+
+std::vector<VELDate> datesOf(const std::vector<double>& seconds) { return {seconds.begin(), seconds.end()}; }
+
+TEST(CategoryLabels, OfDatesFollowTheCategoriesInView) {
+  const double first = day(2010, 1, 1), ninth = day(2019, 3, 1), tenth = day(2020, 3, 1);
+  const struct {
+    std::vector<double> dates;
+    double min, max;
+    const char* text;  ///< of the first day of 2010
+  } rows[] = {
+      {{first, first + 86400.0}, 0.0, 1.0, "12:00:00"},
+      {{first, first + 86401.0}, 0.0, 1.0, "01 Jan"},
+      {{first, day(2010, 12, 31)}, -3.0, 9.0, "01 Jan"},
+      {{first, day(2011, 1, 1)}, 0.0, 1.0, "01 Jan 2010"},
+      {{first, ninth, tenth}, 0.0, 1.9, "01 Jan 2010"},
+      {{first, ninth, tenth}, -0.5, 2.0, "2010"},
+      {{tenth, first}, 0.0, 1.0, "2010"},
+      {{first, tenth}, 5.0, 9.0, "12:00:00"},
+      {{first, 1e308}, 0.0, 1.0, "2010"},
+      {{}, 0.0, 1.0, ""},
+  };
+  for (const auto& row : rows) {
+    const Categories<VELCategoryDateTimeAxis> chart(VELDataType_DateTime, datesOf(row.dates));
+    chart.axis->setTimeZone("UTC");
+    chart.axis->setLocale("en_US");
+    chart.axis->setVisibleRange(doubles(row.min, row.max));
+    EXPECT_EQ(chart.axis->formatText(VELDate(first)), row.text) << row.min << ' ' << row.max;
+  }
+}
+
+TEST(CategoryLabels, OfCursorsGetAnIndexAndThoseOfTicksAValue) {
+  const Categories<VELCategoryDateTimeAxis> dates(VELDataType_DateTime, datesOf({0.0, 5e6}));
+  const Categories<VELCategoryNumericAxis> numbers(VELDataType_Double, std::vector<double>{2.5, 1e6});
+  dates.axis->setTimeZone("UTC");
+  const struct {
+    double index;
+    const char *date, *number;
+  } rows[] = {{0.6, "1970-02-27", "1e+06"},
+              {-0.4, "1970-01-01", "2.5"},
+              {2.0, "", ""},
+              {-1.0, "", ""},
+              {kNaN, "", ""},
+              {1e300, "", ""}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(dates.axis->formatCursorText(row.index), row.date) << row.index;
+    EXPECT_EQ(numbers.axis->formatCursorText(row.index), row.number) << row.index;
+  }
+  dates.axis->setTextFormatting("dd.MM.");
+  EXPECT_EQ(dates.axis->formatText(VELDate(0.0)), "01.01.");
+  EXPECT_EQ(dates.axis->formatCursorText(1), "27.02.") << "the pattern that was used last";
+  dates.axis->setCursorTextFormatting("yyyy");
+  numbers.axis->setCursorTextFormatting("%.2f");
+  EXPECT_EQ(dates.axis->formatCursorText(1) + numbers.axis->formatCursorText(0), "19702.50");
+  EXPECT_EQ(numbers.axis->formatText(2.5), "2.5");
+  EXPECT_EQ(std::make_shared<VELCategoryNumericAxis>()->formatText(2.5), "") << "without categories";
+}
+
+}  // namespace
