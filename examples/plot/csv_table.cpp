@@ -17,6 +17,7 @@
 
 namespace {
 
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // What libcsv calls back: fields one by one, then the end of the row.
@@ -55,14 +56,16 @@ class TableBuilder {
  private:
   static void addCell(CsvColumn& column, std::string_view text) {
     const auto number = parseNumber(text);
+    column.values.push_back(number.value_or(kNaN));
     if (number) {
       ++column.numbers;
-    } else {
-      const bool blank = text.find_first_not_of(" \t") == std::string_view::npos;
-      column.texts += blank ? 0 : 1;
-      column.firstGapRow = std::min(column.firstGapRow, column.values.size());
+    } else if (const auto date = parseIsoDate(text)) {
+      ++column.dateCells;
+      column.dates.resize(column.values.size() - 1, {kNaN, false});
+      column.dates.push_back(*date);
+    } else if (text.find_first_not_of(" \t") != std::string_view::npos) {
+      ++column.texts;
     }
-    column.values.push_back(number.value_or(std::numeric_limits<double>::quiet_NaN()));
   }
 
   bool _headerDone = false;
@@ -106,6 +109,13 @@ struct CsvCloser {
 };
 
 }  // namespace
+
+CsvKind CsvColumn::kind() const {
+  if (numbers == 0 && dateCells == 0) return CsvKind::Text;
+  return numbers >= dateCells ? CsvKind::Number : CsvKind::Date;
+}
+
+IsoDate CsvColumn::dateAt(size_t row) const { return row < dates.size() ? dates[row] : IsoDate{kNaN, false}; }
 
 const CsvColumn* CsvTable::column(std::string_view name) const {
   const auto found = std::find_if(columns.begin(), columns.end(),

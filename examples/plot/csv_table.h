@@ -1,4 +1,4 @@
-// plot/csv_table.h: the columns of a CSV file as numbers.
+// plot/csv_table.h: the columns of a CSV file as numbers and dates.
 #pragma once
 
 #include <cstddef>
@@ -8,17 +8,27 @@
 #include <string_view>
 #include <vector>
 
-/// One column. A cell that is no finite number is NaN.
+#include "examples/plot/iso_date.h"
+
+enum class CsvKind { Text, Number, Date };
+
+/// One column.
 struct CsvColumn {
   std::string name;
-  std::vector<double> values;     ///< one per data row
-  size_t numbers = 0;             ///< cells that are finite numbers
-  size_t texts = 0;               ///< cells that hold something else
-  size_t firstGapRow = SIZE_MAX;  ///< index into `values` of the first cell that is no number
+  std::vector<double> values;  ///< one per data row; NaN for a cell that is no finite number
+  std::vector<IsoDate> dates;  ///< NaN seconds for a cell that is no date; ends with the last date
+  size_t numbers = 0;          ///< cells that are finite numbers
+  size_t dateCells = 0;        ///< cells that are dates
+  size_t texts = 0;            ///< cells that hold something else
 
-  size_t gaps() const { return values.size() - numbers; }
-  /// Numbers are the rule: at least one, and no fewer than the texts.
-  bool isNumeric() const { return numbers > 0 && numbers >= texts; }
+  /// What there is more of, numbers or dates; text where there is neither.
+  CsvKind kind() const;
+  /// Numbers are the rule: at least one, and no fewer than all the rest.
+  bool isNumeric() const { return numbers > 0 && numbers >= texts + dateCells; }
+  /// Dates are the rule, as above; numbers where there are as many of both.
+  bool isDates() const { return dateCells > 0 && !isNumeric() && dateCells >= texts + numbers; }
+  /// NaN seconds where the row holds no date.
+  IsoDate dateAt(size_t row) const;
 };
 
 /// A header row that names the columns, and data rows below it.

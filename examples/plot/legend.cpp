@@ -23,13 +23,6 @@ std::shared_ptr<VELLabelView> makeLabel(const std::string& text, uint32_t colorC
   return label;
 }
 
-std::string shortened(const std::string& name) {
-  if (name.size() <= kLongestName) return name;
-  size_t end = kLongestName;
-  while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0u) == 0x80u) --end;  // whole characters
-  return name.substr(0, end) + "…";
-}
-
 void place(VELLabelView& label, double x, double rowTop) {
   const VELSize size = label.frame().size();
   label.setFrame(
@@ -37,6 +30,13 @@ void place(VELLabelView& label, double x, double rowTop) {
 }
 
 }  // namespace
+
+std::string shortenedName(const std::string& name) {
+  if (name.size() <= kLongestName) return name;
+  size_t end = kLongestName;
+  while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0u) == 0x80u) --end;  // whole characters
+  return name.substr(0, end) + "…";
+}
 
 Legend::Item Legend::makeItem(const std::string& name, const uint32_t* colorCode) {
   Item item;
@@ -52,7 +52,7 @@ std::vector<Legend::Row> Legend::fillRows(const std::vector<LegendEntry>& entrie
   std::vector<Row> rows(1);
   double used = 0.0;
   for (size_t i = 0; i < entries.size(); ++i) {
-    Item item = makeItem(shortened(entries[i].name), &entries[i].colorCode);
+    Item item = makeItem(shortenedName(entries[i].name), &entries[i].colorCode);
     const bool lastRow = rows.size() == kMaxRows;
     // In the last row, leave room for the entry that counts the rest.
     const double reserve = lastRow && i + 1 < entries.size() ? 90.0 : 0.0;

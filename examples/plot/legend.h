@@ -14,6 +14,9 @@ struct LegendEntry {
   uint32_t colorCode;
 };
 
+/// A name of at most forty bytes: a longer one ends in an ellipsis.
+std::string shortenedName(const std::string& name);
+
 /// Rows of colour and name, centred in a width; what does not fit into three rows is counted in a last entry.
 class Legend : public VELView {
  public:

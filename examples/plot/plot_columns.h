@@ -1,28 +1,41 @@
 // plot/plot_columns.h: which columns of a table become the chart.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 #include "examples/plot/csv_table.h"
 #include "examples/plot/options.h"
 
+/// What the X axis counts. Categories stand side by side in the order of the rows, whatever their values.
+enum class PlotXKind { Number, Date, CategoryNumber, CategoryDate };
+
 /// One line of the chart.
 struct PlotLine {
   std::string name;
-  std::vector<double> x;
-  std::vector<double> y;  ///< NaN where the file has no number
+  std::vector<double> x;  ///< dates are seconds since 1970
+  std::vector<double> y;  ///< NaN where the file has no number, or none that its axis can show
+  bool onSecondAxis = false;
 };
 
 struct PlotColumns {
   std::string xName;
+  PlotXKind xKind = PlotXKind::Number;
   std::vector<PlotLine> lines;
-  std::string gapNote;  ///< one sentence about cells that are no numbers; empty when there are none
+  std::string gapNote;  ///< one sentence about cells that are no numbers or dates; empty when there are none
+  std::string logNote;  ///< one sentence about points that a logarithmic axis cannot show; empty without any
+
+  /// The first lines are those of the first Y axis.
+  size_t countOnFirstAxis() const;
+  bool hasSecondAxis() const { return countOnFirstAxis() < lines.size(); }
 };
 
 /// Chooses and joins the columns.
 ///
-/// Without --x the first numeric column that is no y, and the row number where there is none; without --y
-/// every other numeric column. A row without an x keeps the place of the row before it, as a gap.
-/// @throws PlotFailure for an unknown column, one without numbers, or a table without any
+/// Without --x and --category, X is the first column of dates, else the first of numbers that is no y, else
+/// the row number; without --y every other column of numbers is a line. A row without an x keeps the place of
+/// the row before it, as a gap; a row without a category is left out.
+/// @throws PlotFailure for an unknown column, one that does not hold what its axis shows, or a table without
+///         any numbers
 PlotColumns choosePlotColumns(const CsvTable& table, const PlotOptions& options);

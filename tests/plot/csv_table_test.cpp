@@ -61,16 +61,49 @@ TEST(CsvTable, OnlyFiniteNumbersAreNumbers) {
   EXPECT_EQ(parseNumber("9007199254740993"), 9007199254740992.0);
 }
 
+TEST(CsvTable, AColumnIsOfTheKindThatItsCellsAgreeOn) {
+  struct Row {
+    const char* cells;
+    CsvKind kind;
+    bool isNumeric, isDates;
+  };
+  const Row rows[] = {
+      {"1\n2\n", CsvKind::Number, true, false},
+      {"2004-08-19\n2004-08-20 14:30\n", CsvKind::Date, false, true},
+      {"2004-08-19\n1\n", CsvKind::Number, true, false},
+      {"2004-08-19\n2004-08-20\n1\n", CsvKind::Date, false, true},
+      {"2004-08-19\nx\ny\n", CsvKind::Date, false, false},
+      {"1\nx\n2004-08-19\n", CsvKind::Number, false, false},
+      {"x\n2004-02-30\n", CsvKind::Text, false, false},
+      {"", CsvKind::Text, false, false},
+  };
+  for (const Row& row : rows) {
+    const CsvTable table = parseCsv(std::string("a\n") + row.cells, "test");
+    const CsvColumn& column = table.columns[0];
+    EXPECT_EQ(column.kind(), row.kind) << row.cells;
+    EXPECT_EQ(column.isNumeric(), row.isNumeric) << row.cells;
+    EXPECT_EQ(column.isDates(), row.isDates) << row.cells;
+  }
+  const CsvTable gaps = parseCsv("a,b\n,1\n2004-08-19,2\n,3\n", "test");
+  EXPECT_TRUE(std::isnan(gaps.columns[0].dateAt(0).seconds));
+  EXPECT_EQ(gaps.columns[0].dateAt(1).seconds, 1092873600.0);
+  EXPECT_TRUE(std::isnan(gaps.columns[0].dateAt(2).seconds));
+}
+
 struct ColumnsCase {
   std::string text;
   std::optional<std::string> x;
   std::vector<std::string> y;
   std::string xName;
   std::vector<std::string> lines;
+  std::optional<std::string> category = {};
+  std::vector<std::string> y2 = {};
+  PlotXKind xKind = PlotXKind::Number;
 };
 
 TEST(PlotColumns, TheFileDecidesUnlessTheUserDoes) {
   const std::string three = "t,note,a,b\n0,x,1,2\n1,y,3,4\n";
+  const std::string dated = "n,d,p\n1,2004-08-19,3\n2,2004-08-20,4\n";
   const ColumnsCase cases[] = {
       {three, {}, {}, "t", {"a", "b"}},
       {three, {}, {"b"}, "t", {"b"}},
@@ -80,16 +113,72 @@ TEST(PlotColumns, TheFileDecidesUnlessTheUserDoes) {
       {three, {}, {"b", "a", "t"}, "row", {"b", "a", "t"}},
       {"only\n5\n6\n", {}, {}, "row", {"only"}},
       {"note,only\nx,5\ny,6\n", {}, {"only"}, "row", {"only"}},
+      {three, {}, {}, "t", {"a", "b"}, {}, {"b"}},
+      {three, {}, {}, "b", {"t", "a"}, "b", {}, PlotXKind::CategoryNumber},
+      {dated, {}, {}, "d", {"n", "p"}, {}, {}, PlotXKind::Date},
+      {dated, {}, {"p"}, "d", {"p", "n"}, {}, {"n"}, PlotXKind::Date},
+      {dated, "n", {}, "n", {"p"}},
+      {dated, {}, {}, "d", {"n", "p"}, "d", {}, PlotXKind::CategoryDate},
   };
   for (const ColumnsCase& one : cases) {
     PlotOptions options;
     options.x = one.x;
     options.y = one.y;
+    options.category = one.category;
+    options.y2 = one.y2;
     const PlotColumns columns = choosePlotColumns(parseCsv(one.text, "test"), options);
     std::vector<std::string> lines;
     for (const PlotLine& line : columns.lines) lines.push_back(line.name);
     EXPECT_EQ(columns.xName, one.xName);
     EXPECT_EQ(lines, one.lines);
+    EXPECT_EQ(columns.xKind, one.xKind);
+    EXPECT_EQ(columns.countOnFirstAxis(), lines.size() - one.y2.size());
+  }
+}
+
+TEST(PlotColumns, DatesWithoutAnOffsetAreOnTheClocksOfTheZone) {
+  const CsvTable table = parseCsv(
+      "t,a\n1970-01-02,1\n1970-07-02 00:00,1\n1970-01-02T00:00Z,1\n1970-01-01T24:00-05,1\n,1\n", "test");
+  PlotOptions options;
+  options.timeZone = "America/New_York";
+  constexpr double kDay = 86400.0, kHour = 3600.0;
+  EXPECT_EQ(choosePlotColumns(table, options).lines[0].x,
+            (std::vector<double>{kDay + 5 * kHour, 182 * kDay + 4 * kHour, kDay, kDay + 5 * kHour,
+                                 kDay + 5 * kHour}));
+}
+
+TEST(PlotColumns, PointsThatALogarithmCannotShowAreLeftOutAndCounted) {
+  struct Row {
+    bool logX, logY;
+    std::vector<double> x;  // of both lines
+    std::vector<double> a, b;
+    std::string note;
+  };
+  constexpr double kGap = 99.0;
+  const std::string text = "t,a,b\n-1,1,1\n1,-2,2\n2,,0\n0,4,4\n3,5,5\n";
+  const Row rows[] = {
+      {false, false, {-1, 1, 2, 0, 3}, {1, -2, kGap, 4, 5}, {1, 2, 0, 4, 5}, ""},
+      {false, true, {-1, 1, 2, 0, 3}, {1, kGap, kGap, 4, 5}, {1, 2, 0, 4, 5}, "1 point is not above zero"},
+      {true, false, {1, 2, 2, 3}, {-2, kGap, kGap, 5}, {2, 0, kGap, 5}, "4 points are not above zero"},
+      {true, true, {1, 2, 2, 3}, {kGap, kGap, kGap, 5}, {2, 0, kGap, 5}, "5 points are not above zero"},
+  };
+  for (const Row& row : rows) {
+    PlotOptions options;
+    options.x = "t";
+    options.y = {"a"};
+    options.y2 = {"b"};  // is not logarithmic: its 0 is a value
+    options.logX = row.logX;
+    options.logY = row.logY;
+    const PlotColumns columns = choosePlotColumns(parseCsv(text, "test"), options);
+    for (const auto& [line, wanted] :
+         {std::pair(columns.lines[0], row.a), std::pair(columns.lines[1], row.b)}) {
+      EXPECT_EQ(line.x, row.x) << row.note;
+      ASSERT_EQ(line.y.size(), wanted.size()) << row.note;
+      for (size_t i = 0; i < wanted.size(); ++i)
+        EXPECT_EQ(std::isnan(line.y[i]) ? kGap : line.y[i], wanted[i]) << row.note << i;
+    }
+    EXPECT_EQ(columns.logNote.substr(0, row.note.size()), row.note);
+    EXPECT_EQ(columns.logNote.empty(), row.note.empty());
   }
 }
 

@@ -10,6 +10,7 @@
 #include <set>
 #include <sstream>
 
+#include "examples/plot/plot_series.h"
 #include "velmora/rendering/visual_style.h"
 
 namespace {
@@ -41,6 +42,7 @@ class Plot : public ::testing::Test {
   int run(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "velmora-plot");
     std::vector<const char*> argv;
+    argv.reserve(arguments.size());
     for (const std::string& argument : arguments) argv.push_back(argument.c_str());
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
@@ -61,7 +63,10 @@ TEST_F(Plot, BadInputEndsWithOneSentenceAndTouchesNothing) {
   write("words.csv", "a,b\nx,y\n");
   write("mixed.csv", "a,b\n1,y\n2,z\n");
   write("huge.csv", "a,b\n1,-1e308\n2,1e308\n");
+  write("zeros.csv", "a,b\n1,0\n2,-1\n");
+  write("dates.csv", "d,a\n2004-08-19,1\n2004-08-20,-2\n2004-08-21,0\n");
   write("old.png", "an older picture");
+  const std::string dates = path("dates.csv");
   const std::string good = path("good.csv"), old = path("old.png");
 
   struct Row {
@@ -90,6 +95,18 @@ TEST_F(Plot, BadInputEndsWithOneSentenceAndTouchesNothing) {
       {{good, "--out", good}, "would overwrite the data"},
       {{good, "--out", ""}, "name of the picture is empty"},
       {{path("huge.csv")}, "column 'b' of"},
+      {{good, "--x", "t", "--category", "t"}, "--category and --x"},
+      {{good, "--category", "t", "--log-x"}, "--log-x has no meaning with --category"},
+      {{good, "--category", "c"}, "has no column 'c'"},
+      {{good, "--y2", "c"}, "has no column 'c'"},
+      {{good, "--x", "t", "--y2", "a", "--y2", "b"}, "on the first Y axis"},
+      {{good, "--tz", "Mars/Base"}, "Mars/Base"},
+      {{good, "--locale", "xx_YY"}, "xx_YY"},
+      {{dates, "--y", "d"}, "'d' of"},
+      {{dates, "--y2", "d"}, "'d' of"},
+      {{dates, "--log-x"}, "'d' of"},
+      {{path("words.csv"), "--category", "a"}, "neither numbers nor dates"},
+      {{path("zeros.csv"), "--log-y"}, "'b' of"},
   };
   for (const Row& row : rows) {
     std::vector<std::string> arguments = row.arguments;
@@ -104,7 +121,7 @@ TEST_F(Plot, BadInputEndsWithOneSentenceAndTouchesNothing) {
   std::set<std::string> left;
   for (const auto& entry : fs::directory_iterator(_folder)) left.insert(entry.path().filename().string());
   EXPECT_EQ(left, (std::set<std::string>{"good.csv", "empty.csv", "blank.csv", "header.csv", "words.csv",
-                                         "mixed.csv", "huge.csv", "old.png"}));
+                                         "mixed.csv", "huge.csv", "zeros.csv", "dates.csv", "old.png"}));
 }
 
 TEST_F(Plot, WritesAPictureOfSizeTimesScale) {
@@ -145,6 +162,53 @@ TEST_F(Plot, EveryLineShowsItsColourAndTheSamePictureComesOutTwice) {
   for (size_t i = 0; i < 8; ++i) EXPECT_TRUE(colors.contains(look.seriesColor(i))) << i;
   EXPECT_TRUE(colors.contains(look.background));
   EXPECT_EQ(drawPlot(columns, options), picture);
+}
+
+// Where the line of a colour has its highest value between its ends, from 0 to 1 along the X axis.
+double peakPlace(const VELBitmap& picture, uint32_t color, bool isVertical) {
+  int32_t first = INT32_MAX, last = -1, place = -1, highest = -1;
+  for (int32_t y = 0; y < picture.height(); ++y)
+    for (int32_t x = 0; x < picture.width(); ++x) {
+      if (picture.colorCodeAt(x, y) != color) continue;
+      const int32_t along = isVertical ? y : x, value = isVertical ? x : picture.height() - y;
+      if (value > highest) place = along;
+      highest = std::max(highest, value);
+      first = std::min(first, along);
+      last = std::max(last, along);
+    }
+  return last - first < 300 ? -1.0 : static_cast<double>(place - first) / static_cast<double>(last - first);
+}
+
+TEST_F(Plot, EveryKindOfXAxisPutsThePointsWhereTheirValuesSay) {
+  write("peak.csv", "d,n,a\n2004-01-01,1,0\n2004-01-02,10,1\n2004-01-11,100,0\n");
+  PlotColumns two;
+  two.lines = {{"n", {}, {}, false}, {"a", {}, {}, true}};
+  const std::vector<uint32_t> colors = lineColors(two);
+  struct Row {
+    std::vector<std::string> arguments;
+    double place;
+    uint32_t color;
+  };
+  const Row rows[] = {
+      {{"--y", "a"}, 0.1, colors[0]},
+      {{"--y", "a", "--flip-x"}, 0.9, colors[0]},
+      {{"--y", "a", "--vertical"}, 0.1, colors[0]},
+      {{"--y", "a", "--category", "d"}, 0.5, colors[0]},
+      {{"--y", "a", "--category", "n"}, 0.5, colors[0]},
+      {{"--y", "a", "--x", "n"}, 9.0 / 99.0, colors[0]},
+      {{"--y", "a", "--x", "n", "--log-x"}, 0.5, colors[0]},
+      {{"--y", "n", "--y2", "a"}, 0.1, colors[1]},
+  };
+  for (const Row& row : rows) {
+    std::vector<std::string> arguments = row.arguments;
+    const bool isVertical = arguments.back() == "--vertical";
+    arguments.insert(arguments.end(),
+                     {path("peak.csv"), "--out", path("peak.png"), "--size", "640x400", "--scale", "2"});
+    ASSERT_EQ(run(arguments), 0) << err;
+    EXPECT_EQ(err, "");
+    const double place = peakPlace(*VELBitmap::readPng(path("peak.png")), row.color, isVertical);
+    EXPECT_NEAR(place, row.place, 0.015) << testing::PrintToString(row.arguments);
+  }
 }
 
 TEST_F(Plot, ReductionCoversThePixelsThatAllPointsCover) {
