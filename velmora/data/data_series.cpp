@@ -60,6 +60,7 @@ void VELDataSeries::setDataDistributionCalculator(
     std::shared_ptr<VELDataDistributionCalculatorBase> calculator) {
   if (!calculator) return;
   _calculator = std::move(calculator);
+  _isCalculatorInstalled = true;
   p_VEL_forgetAnswers();
 }
 

@@ -285,6 +285,7 @@ class VELMORA_API VELDataSeries : public std::enable_shared_from_this<VELDataSer
   mutable WindowAnswer _lastWindow;
   std::string _seriesName;
   std::shared_ptr<VELDataDistributionCalculatorBase> _calculator;
+  bool _isCalculatorInstalled = false;
   std::array<std::shared_ptr<VELPointSeries>, kPointSeriesKept> _pointSeries;
   size_t _lastPointSeries = 0;
 };

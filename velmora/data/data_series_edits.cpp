@@ -205,7 +205,11 @@ void VELDataSeries::clearColumns() {
   for (const auto& column : _columns) column->clear();
 }
 
-VELDataSeries::Event VELDataSeries::p_VEL_event() const { return {_calculator, _columns[0]}; }
+VELDataSeries::Event VELDataSeries::p_VEL_event() const {
+  if (_isCalculatorInstalled) return {_calculator, _columns[0]};
+  // The series' own calculator calls nobody back: counting references would be all that an append waits for.
+  return {{std::shared_ptr<void>(), _calculator.get()}, {std::shared_ptr<void>(), _columns[0].get()}};
+}
 
 void VELDataSeries::p_VEL_tellOfGrowth(int64_t added, bool acceptsUnsortedData) {
   const Event event = p_VEL_event();
