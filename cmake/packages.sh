@@ -4,9 +4,9 @@
 #                               apt-get it names them and stops.
 
 BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache
- libegl-dev libgles-dev libegl-mesa0 libgl1-mesa-dri
+ libegl-dev libgles-dev libegl-mesa0 libgl1-mesa-dri libsdl2-dev
  libpango1.0-dev libcairo2-dev libicu-dev libcsv-dev libcli11-dev fonts-dejavu-core"
-TEST_PACKAGES="libgtest-dev"
+TEST_PACKAGES="libgtest-dev xvfb libxtst-dev"
 BENCH_PACKAGES="libbenchmark-dev"
 
 velmora_packages() {

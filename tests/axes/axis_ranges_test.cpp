@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "fake_chart.h"
+#include "velmora/surface/render_pass_info.h"
 
 namespace {
 
@@ -64,7 +65,7 @@ TEST(AxisRanges, TheYRangeIsThatOfTheDataInsideTheXWindow) {
   expectRange(chart.y->getWindowedYRangeWithXRanges(&given), 1, 4);
   const VELAxisBase::Ranges others = {{"unrelated", doubles(1, 2)}};
   expectRange(chart.y->getWindowedYRangeWithXRanges(&others), 20, 60);
-  expectRange(chart.y->calculateYRangeWithRenderPassInfo(), 20, 60);
+  expectRange(chart.y->calculateYRangeWithRenderPassInfo(VELRenderPassInfo()), 20, 60);
   ASSERT_EQ(asked.size(), 4u);
   EXPECT_TRUE(asked[1].equals(VELDoubleRange(1, 2)));
   expectRange(chart.y->getDataRange(), 0, 200);

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/recording_context.h"
 #include "velmora/axes/axis_area.h"
 #include "velmora/axes/axis_collection.h"
 #include "velmora/axes/axis_panel.h"
@@ -16,7 +17,6 @@
 #include "velmora/data/ranges.h"
 #include "velmora/data/xy_data_series.h"
 #include "velmora/platform/display_link.h"
-#include "velmora/rendering/render_context.h"
 
 inline VELRangePtr doubles(double min, double max) { return std::make_shared<VELDoubleRange>(min, max); }
 
@@ -67,7 +67,9 @@ struct DrawnShape {
   VELRect area;
 };
 
-struct RecordingContext : VELRenderContext2D {
+/// Keeps lines and rectangles with the area that they were drawn in.
+class ShapeRecorder : public RecordingContext {
+ public:
   std::vector<DrawnShape> shapes;
   VELRect area;
 
@@ -85,22 +87,6 @@ struct RecordingContext : VELRenderContext2D {
   }
   void setDrawingArea(const VELRect& newArea) override { area = newArea; }
   void clear() override { shapes.clear(); }
-
-  void invalidate() override {}
-  VELSize viewportSize() const override { return {}; }
-  void performDrawingCommands() override {}
-  void beginPolylineWithBrush(const VELPenPtr&, float, float) override {}
-  void extendPolylineWithBrush(const VELPenPtr&, float, float) override {}
-  void drawPolylineWithBrush(const VELPenPtr&, const VELArrayController&, const VELArrayController&,
-                             int32_t) override {}
-  void beginNewPrimitive() override {}
-  const std::function<void()>& invalidated() const override { return none; }
-  void setInvalidated(std::function<void()>) override {}
-  std::shared_ptr<VELRenderSurface> parentRenderSurface() const override { return nullptr; }
-  void setParentRenderSurface(const std::shared_ptr<VELRenderSurface>&) override {}
-  bool wasChanged() const override { return true; }
-  void setWasChanged(bool) override {}
-  std::function<void()> none;
 };
 
 /// A view with one axis on each of two sides, laid out like a chart's.
@@ -111,7 +97,7 @@ struct FakeChart {
   std::shared_ptr<VELAxisArea> horizontal = std::make_shared<VELAxisArea>(VELOrientation_Horizontal);
   std::shared_ptr<VELNumericAxis> x = std::make_shared<VELNumericAxis>();
   std::shared_ptr<VELNumericAxis> y = std::make_shared<VELNumericAxis>();
-  RecordingContext context;
+  ShapeRecorder context;
   bool yIsLeft, xIsBottom;
 
   explicit FakeChart(VELSize size = {500, 250}, VELAxisAlignment xSide = VELAxisAlignment_Bottom,

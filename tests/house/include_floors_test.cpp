@@ -36,7 +36,8 @@ const std::set<std::string> kInterfaces = {
 
 /// Third parties and the one folder below platform/ that may name each.
 const std::vector<std::pair<std::regex, std::string>> kThirdParties = {
-    {std::regex("^(EGL|GLES[0-9]*|KHR)/"), "egl"},
+    {std::regex("^EGL/"), "egl"},
+    {std::regex("^(GLES[0-9]*|KHR)/"), "gles"},
     {std::regex("^(pango|fontconfig)"), "pango"},
     {std::regex("^(cairo)"), "cairo"},
     {std::regex("^unicode/"), "icu"},

@@ -5,9 +5,12 @@
 
 #include "tests/rendering/recorded_frame.h"
 #include "tests/rendering/test_gradient.h"
+#include "velmora/rendering/colored_texture_brush.h"
+#include "velmora/rendering/paletted_texture_brush.h"
 #include "velmora/rendering/render_surface_style.h"
 #include "velmora/rendering/solid_brush.h"
 #include "velmora/rendering/solid_pen.h"
+#include "velmora/rendering/texture_brush.h"
 
 namespace {
 
@@ -25,9 +28,65 @@ TEST(SolidBrush, HasTheColourThatItWasGiven) {
   EXPECT_EQ(VELClonePen(nullptr), nullptr);
 }
 
+// Which shape may follow which without a change of shader state.
+TEST(Brush, SharesItsShaderStateAsTheTableSays) {
+  const RegisteredGL gl;
+  const uint8_t pixel[4] = {};
+  const auto a = std::make_shared<VELTextureOpenGL>(pixel, 1, 1),
+             b = std::make_shared<VELTextureOpenGL>(pixel, 1, 1);
+  const VELBrushPtr brushes[] = {VELBrush2D::solid(1),
+                                 VELPen2D::solid(2, 1),
+                                 VELBrush2D::linearGradient(1, 2, VELGradientDirection_Vertical),
+                                 VELPen2D::linearGradient(3, 4, VELGradientDirection_Horizontal, 1),
+                                 std::make_shared<VELBrushTexture>(a),
+                                 std::make_shared<VELBrushTexture>(b),
+                                 std::make_shared<VELBrushTexture>(nullptr),
+                                 std::make_shared<VELBrushColoredTexture>(a, 5u),
+                                 std::make_shared<VELBrushColoredTexture>(b, 5u),
+                                 std::make_shared<VELBrushPalettedTexture>(a, b),
+                                 std::make_shared<VELBrushPalettedTexture>(a, a)};
+  const char* const expected[] = {"11000000000", "11000000000", "11110000000", "11110000000",
+                                  "00001000000", "00000100000", "00000010000", "00000001000",
+                                  "00000000100", "00000000010", "00000000001"};
+  for (size_t row = 0; row < std::size(brushes); ++row) {
+    std::string shares;
+    for (const VELBrushPtr& next : brushes) shares += brushes[row]->equalsToBrush(*next->clone()) ? '1' : '0';
+    EXPECT_EQ(shares, expected[row]) << row;
+  }
+  EXPECT_FALSE(VELBrushTexture(nullptr).equalsToBrush(VELBrushTexture(nullptr)))
+      << "no texture is not one texture";
+}
+
+TEST(Brush, AppliesItsTexturesThenItsProgramAndNothingTwice) {
+  RegisteredGL gl;
+  const uint8_t pixel[4] = {};
+  const auto a = std::make_shared<VELTextureOpenGL>(pixel, 1, 1),
+             b = std::make_shared<VELTextureOpenGL>(pixel, 1, 1);
+  const VELBrushPtr brushes[] = {
+      VELBrush2D::linearGradient(1, 2, VELGradientDirection_Vertical), std::make_shared<VELBrushTexture>(a),
+      std::make_shared<VELBrushColoredTexture>(a), std::make_shared<VELBrushPalettedTexture>(a, b)};
+  const std::string bindA = "activeTexture(TEXTURE0) bindTexture(2D,1)";
+  const std::string bindB = "activeTexture(TEXTURE1) bindTexture(2D,2) activeTexture(TEXTURE0)";
+  // The atlas is texture 3; its program is switched to first, those of textures after them.
+  const std::string first[] = {
+      "useProgram(1) uniformMatrix4fv(7) activeTexture(TEXTURE0) bindTexture(2D,3) uniform1i(8,0)",
+      bindA + " useProgram(2) uniformMatrix4fv(7) uniform1i(8,0)",
+      bindA + " useProgram(3) uniformMatrix4fv(7) uniform1i(8,0)",
+      bindA + ' ' + bindB + " useProgram(4) uniformMatrix4fv(7) uniform1i(8,0) uniform1i(8,1)"};
+  const std::string again[] = {"", bindA, bindA, bindA + ' ' + bindB};
+  VELShaderAttributes attributes;
+  for (const VELBrushPtr& brush : brushes) brush->apply(attributes);
+  for (size_t i = 0; i < std::size(brushes); ++i)
+    for (const auto& expected : {first[i], again[i]}) {
+      gl.gl().calls.clear();
+      brushes[i]->apply(attributes);
+      EXPECT_EQ(gl.gl().texts(), expected);
+    }
+}
+
 class Atlas : public testing::Test {
  protected:
-  /// What the texture holds after an application, or nothing when none was uploaded.
+  /// The texels that an application sends.
   std::vector<uint32_t> uploaded() {
     gl.gl().calls.clear();
     atlas.o_applyTextureAtlas();
@@ -42,7 +101,7 @@ class Atlas : public testing::Test {
   std::shared_ptr<TestGradient> second = std::make_shared<TestGradient>(0xFF000002u);
 };
 
-TEST_F(Atlas, GivesRowsFromOneOnceAFrameAndAgainAfterAClear) {
+TEST_F(Atlas, GivesRowsFromOneOnceAFrameAndAgainAfterAClearAndSendsWhatChanged) {
   for (const auto& brush : {first, first, second, first}) atlas.o_addBrush(brush);
   atlas.o_addBrush(VELBrush2D::solid(7));
   EXPECT_EQ(first->gradientIndex(), 1);
@@ -53,26 +112,33 @@ TEST_F(Atlas, GivesRowsFromOneOnceAFrameAndAgainAfterAClear) {
   for (const size_t ofFirst : {256u, 511u}) EXPECT_EQ(texels[ofFirst], 0xFF000001u);
   EXPECT_EQ(texels[512], 0xFF000002u);
   EXPECT_EQ(texels[768], 0u);
-  EXPECT_TRUE(uploaded().empty()) << "nothing changed";
 
+  atlas.o_clearAtlas();
+  for (const auto& brush : {first, second}) atlas.o_addBrush(brush);
+  EXPECT_TRUE(uploaded().empty()) << "the same rows again";
   atlas.o_clearAtlas();
   atlas.o_addBrush(second);
   EXPECT_EQ(second->gradientIndex(), 1);
-  EXPECT_EQ(uploaded().at(256), 0xFF000002u);
-  EXPECT_EQ(gl.gl().count("texSubImage2D(2D,0,0,256,256,RGBA)"), 1u);
+  EXPECT_EQ(uploaded(), std::vector<uint32_t>(256, 0xFF000002u));
+  EXPECT_EQ(gl.gl().count("texSubImage2D(2D,0,1,256,1,RGBA)"), 1u);
 }
 
 TEST_F(Atlas, IsSampledWithTheNearestTexelAndMadeAgainWhenGLLostIt) {
-  for (const auto& brush : {first, second}) {
-    atlas.o_clearAtlas();
-    atlas.o_addBrush(brush);
+  const auto isMade = [&] {
     EXPECT_EQ(uploaded().size(), 65536u);
     EXPECT_EQ(gl.gl().count("genTexture"), 1u);
     EXPECT_EQ(gl.gl().texts("texParameteri"),
-              "texParameteri(2D,MIN,NEAREST) texParameteri(2D,MAG,NEAREST) "
-              "texParameteri(2D,WRAP_S,CLAMP) texParameteri(2D,WRAP_T,CLAMP)");
-    gl.gl().deleteTexture(1);
-  }
+              "texParameteri(2D,WRAP_S,CLAMP) texParameteri(2D,WRAP_T,CLAMP) "
+              "texParameteri(2D,MIN,NEAREST) texParameteri(2D,MAG,NEAREST)");
+  };
+  atlas.o_addBrush(first);
+  isMade();
+  gl.gl().deleteTexture(1);
+  atlas.o_clearAtlas();
+  isMade();
+  gl.context->setLost();
+  VELOpenGLContextController::o_enableContext(gl.context);
+  isMade();
 }
 
 TEST_F(Atlas, LeavesOutWhatItCannotHold) {
@@ -83,10 +149,25 @@ TEST_F(Atlas, LeavesOutWhatItCannotHold) {
   std::vector<std::shared_ptr<TestGradient>> many;
   for (int i = 0; i < 256; ++i) {
     many.push_back(std::make_shared<TestGradient>(static_cast<uint32_t>(i)));
+    many.back()->setGradientIndex(-1);
     atlas.o_addBrush(many.back());
   }
   EXPECT_EQ(many[254]->gradientIndex(), 255);
-  EXPECT_EQ(many[255]->gradientIndex(), 0) << "no row is left";
+  EXPECT_EQ(many[255]->gradientIndex(), -1) << "no row is left";
+}
+
+// Brushes are shared: a pen may stroke in two charts at a time, each with an atlas of its own.
+TEST_F(Atlas, ABrushOfTwoContextsHasInEachItsRowThere) {
+  VELOpenGLRenderContext one(64, gl.context), two(64, gl.context);
+  const VELPenPtr pen = VELPen2D::linearGradient(1, 2, VELGradientDirection_Vertical, 1);
+  two.drawRectWithBrush(first, 0, 0, 1, 1);
+  for (auto* const context : {&one, &two, &one, &two}) context->drawLineWithBrush(pen, 0, 0, 1, 1);
+  for (const auto& [context, row] : {std::pair{&one, 1}, {&two, 2}}) {
+    const auto strips = replay(*context, gl.gl());
+    ASSERT_EQ(strips.size(), 1u);
+    for (size_t i = strips[0].vertices.size() - 10; i < strips[0].vertices.size(); ++i)
+      EXPECT_EQ(strips[0].vertices[i].textureY, row * 256 + 1) << i;
+  }
 }
 
 TEST(SurfaceStyle, CallsBackFromEverySetterAndACloneSharesNeitherBrushesNorBlocks) {

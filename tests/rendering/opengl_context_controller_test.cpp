@@ -9,7 +9,7 @@
 
 #include "tests/rendering/recorded_frame.h"
 #include "velmora/rendering/brush_shader_controller.h"
-#include "velmora/rendering/default_brush_shader.h"
+#include "velmora/rendering/brush_shaders.h"
 
 namespace {
 
@@ -73,26 +73,56 @@ TEST(GLContextController, FreeingAContextLeavesTheCurrentOneCurrent) {
   EXPECT_EQ(VELGLContext::current(), current.context.get());
 }
 
-TEST(GLContextController, BuildsTheDefaultProgramOnceWithTheFixedSlots) {
+TEST(GLContextController, BuildsEachProgramOnceFromItsSourcesWithTheFixedSlots) {
   RegisteredGL gl;
+  using Controller = VELBrushShaderController;
+  const VELDefaultBrushShader plain;
+  const VELTextureBrushShader texture;
+  const VELColoredTextureBrushShader colored;
+  const VELPalettedTextureBrushShader paletted;
   VELShaderAttributes a, b;
-  applyShader(a);
-  EXPECT_EQ(gl.gl().texts("bindAttribLocation"),
-            "bindAttribLocation(1,0,Position) bindAttribLocation(1,1,SourceColor) "
-            "bindAttribLocation(1,2,TexCoordIn)");
-  const auto source = elementsOf<char>(gl.gl().last("shaderSource(2)").bytes);
-  EXPECT_EQ(std::string(source.begin(), source.end()), VELDefaultBrushShader().o_getFragmentShader());
-  EXPECT_TRUE(a.sa_defaultShaderActivated);
-  EXPECT_EQ(a.sa_projectionUniform, 7u);
-  gl.gl().calls.clear();
-  applyShader(b);
-  EXPECT_EQ(gl.gl().count("genShader"), 0u);
-  gl.gl().calls.clear();
-  applyShader(b);
-  EXPECT_TRUE(gl.gl().calls.empty()) << "in use, and the matrix is the one uploaded last";
-  b.sa_totalMatrix[12] = 3;
-  applyShader(b);
-  EXPECT_EQ(gl.gl().texts(), "uniformMatrix4fv(7)");
+  const struct {
+    void (*apply)(VELShaderAttributes&);
+    const VELShader& shader;
+    const bool& flag;
+  } rows[] = {{Controller::o_applyDefaultBrushShader, plain, a.sa_defaultShaderActivated},
+              {Controller::o_applyTextureBrushShader, texture, a.sa_textureShaderActivated},
+              {Controller::o_applyColoredTextureBrushShader, colored, a.sa_coloredTextureShaderActivated},
+              {Controller::o_applyPalettedTextureBrushShader, paletted, a.sa_palettedTextureShaderActivated}};
+  for (int life = 1; life <= 2; ++life) {
+    for (const auto& [apply, shader, flag] : rows) {
+      gl.gl().calls.clear();
+      apply(a);
+      std::string sources;
+      for (const RecordedCall& call : gl.gl().calls)
+        if (call.text.starts_with("shaderSource")) {
+          const auto source = elementsOf<char>(call.bytes);
+          sources.append(source.begin(), source.end()) += '\n';
+        }
+      EXPECT_EQ(sources, std::string(shader.o_getVertexShader()) + '\n' +
+                             std::string(shader.o_getFragmentShader()) + '\n');
+      const auto name = gl.gl().last("useProgram").text.substr(11, 1);
+      EXPECT_EQ(gl.gl().texts("bindAttribLocation"),
+                "bindAttribLocation(" + name + ",0,Position) bindAttribLocation(" + name +
+                    ",1,SourceColor) bindAttribLocation(" + name + ",2,TexCoordIn)");
+      EXPECT_EQ(a.sa_defaultShaderActivated + a.sa_textureShaderActivated +
+                    a.sa_coloredTextureShaderActivated + a.sa_palettedTextureShaderActivated,
+                1);
+      EXPECT_TRUE(flag);
+      EXPECT_EQ(a.sa_projectionUniform, 7u);
+      apply(b);
+      gl.gl().calls.clear();
+      apply(b);
+      EXPECT_TRUE(gl.gl().calls.empty())
+          << "in use, and the matrix is the one uploaded last: " << gl.gl().texts();
+      b.sa_totalMatrix[12] += 3;
+      apply(b);
+      EXPECT_EQ(gl.gl().texts(), "uniformMatrix4fv(7)");
+    }
+    // The programs of a lost context are neither used nor deleted.
+    gl.context->setLost();
+    ASSERT_TRUE(VELOpenGLContextController::o_enableContext(gl.context));
+  }
 }
 
 TEST(GLContextController, AttributeArraysAreEnabledOnceUntilTheStateIsForgotten) {

@@ -58,11 +58,12 @@ class GLSurface : public testing::Test {
 };
 
 // A rectangle far larger than its drawing area fills exactly the pixels of the area, at every density and
-// after the surface got another size.
+// after the surface got another size and moved to another density.
 TEST_F(GLSurface, ADrawingAreaMovesTheOriginAndClipsToItsPixels) {
   for (const double scale : {1.0, 1.5, 2.0}) {
-    create(10, 50, scale);
+    create(10, 50, 3.0 - scale);
     surface->setFrame({0, 0, 40, 30});
+    surface->setTreeContentScale(scale);
     surface->layoutIfNeeded();
     surface->renderContext()->setDrawingArea({10, 4, 16, 20});
     rect(VELBrush2D::solid(redCode), -50, -50, 100, 100);

@@ -4,6 +4,7 @@
 #include "tests/rendering/recorded_frame.h"
 #include "tests/rendering/test_gradient.h"
 #include "tests/support/allocation_counter.h"
+#include "tests/support/gl_error_watch.h"
 #include "tests/support/reason_of.h"
 #include "tests/support/recording_context.h"
 #include "tests/support/recording_host.h"
@@ -85,8 +86,10 @@ TEST_F(Surface, AFrameSetsEverythingAndReplaysThreeContextsInOrder) {
   tick();
   const std::string calls = gl.texts();
   const std::string opening =
-      "disable(CULL_FACE) disable(DEPTH_TEST) disable(STENCIL_TEST) disable(DITHER) enable(SCISSOR_TEST) "
+      "disable(CULL_FACE) disable(DEPTH_TEST) disable(STENCIL_TEST) disable(SCISSOR_TEST) disable(DITHER) "
+      "disable(ALPHA_TO_COVERAGE) disable(COVERAGE) colorMask(1,1,1,1) blendEquation(ADD) "
       "blendFuncSeparate(SRC_ALPHA,ONE_MINUS_SRC_ALPHA,ONE_MINUS_DST_ALPHA,LINES) enable(BLEND) "
+      "activeTexture(TEXTURE0) pixelStorei() pixelStorei() resetES3State() enable(SCISSOR_TEST) "
       "bindFramebuffer(FRAME,2) clearColor(0.5,0.25,0,1) viewport(0,0,400,600) scissor(0,0,400,600) "
       "clear(COLOR) ";
   EXPECT_EQ(calls.substr(0, opening.size()), opening);
@@ -134,19 +137,84 @@ TEST_F(Surface, LayoutFollowsTheFrameAndRedraws) {
   surface->setFrame({0, 0, 100.25, 50});
   gl.calls.clear();
   surface->layoutIfNeeded();
-  EXPECT_EQ(surface->projectionFrame(), (VELRect{-50.125, -25, 100.25, 50}));
-  EXPECT_EQ(surface->layer().width(), 201) << "200.5 pixels, rounded";
+  EXPECT_EQ(surface->projectionFrame(), (VELRect{-50.25, -25, 100.5, 50}));
+  EXPECT_EQ(surface->layer().width(), 201) << "touched by 200.5 pixels";
   EXPECT_EQ(gl.texts("renderbufferStorage"), "renderbufferStorageMultisample(4,RGBA8,201,100)");
   EXPECT_EQ(tick(), "d1");
   const double nan = std::numeric_limits<double>::quiet_NaN();
-  for (const VELRect& frame : {VELRect{0, 0, 0, 0}, VELRect{0, 0, nan, -5}, VELRect{0, 0, 1e300, 1}}) {
-    surface->setFrame(frame);
+  const struct {
+    VELRect frame;
+    int32_t width, height;
+  } rows[] = {{{0, 0, 0, 0}, 1, 1},         {{0, 0, nan, -5}, 1, 1},       {{0, 0, 1, 1}, 2, 2},
+              {{0, 0, 1e300, 1}, 16384, 1}, {{0, 0, 8192, 10}, 16384, 20}, {{0, 0, 16384, 10}, 16384, 10}};
+  for (const auto& row : rows) {
+    surface->setFrame(row.frame);
     surface->layoutSubviews();
     surface->invalidateElement();
     EXPECT_EQ(tick(), "d1");
+    EXPECT_EQ(surface->layer().width(), row.width) << row.frame.width;
+    EXPECT_EQ(surface->layer().height(), row.height) << row.frame.width;
   }
-  EXPECT_EQ(surface->layer().width(), 16384);
 }
+
+TEST_F(Surface, AThousandSizesAndDensitiesLeaveNothingBehind) {
+  tick();
+  const size_t objects = gl.liveObjects();
+  for (int i = 0; i < 1000; ++i) {
+    surface->setFrame({0, 0, 100.0 + i % 37, 80.0 + i % 11});
+    if (i % 10 == 0) surface->setTreeContentScale(1.0 + 0.25 * (i % 4));
+    surface->layoutIfNeeded();
+    ASSERT_EQ(tick(), "d1") << i;
+  }
+  EXPECT_EQ(gl.liveObjects(), objects);
+  for (const double odd : {0.0, -1.0, std::numeric_limits<double>::infinity()})
+    surface->setTreeContentScale(odd);
+  EXPECT_EQ(surface->contentScale(), 1.5f);
+  EXPECT_EQ(static_cast<VELOpenGLRenderContext&>(*surface->modifierContext()).sizeScale(), 1.5f);
+}
+
+TEST_F(Surface, ItNeedsTheDisplayForAsLongAsAFrameIsToCome) {
+  EXPECT_TRUE(surface->needsDisplay()) << "nothing was shown yet";
+  tick();
+  EXPECT_FALSE(surface->needsDisplay());
+  surface->setRenderedCallback([&](int32_t) { surface->invalidateElement(); });
+  surface->setReduceGPUFrames(false);
+  tick();
+  EXPECT_TRUE(surface->needRedraw()) << "what the callback changed waits for the next refresh";
+  surface->setRenderedCallback(nullptr);
+  tick();
+  EXPECT_TRUE(!surface->needRedraw() && surface->needsDisplay()) << "every refresh draws";
+  surface->free();
+  EXPECT_FALSE(surface->needsDisplay());
+}
+
+TEST_F(Surface, ASurfaceMayEndInItsOwnDelegateAndItsOwnCallback) {
+  for (const bool inDelegate : {true, false}) {
+    auto victim = VELOpenGLRenderSurface::initWithFrame({0, 0, 10, 10}, host);
+    const auto last = std::make_shared<Delegate>();
+    victim->setDelegate(last);
+    const size_t objects = gl.liveObjects();
+    if (inDelegate) last->onDraw = [&] { victim.reset(); };
+    victim->setRenderedCallback([&](int32_t) { victim.reset(); });
+    tick();
+    EXPECT_EQ(last->calls, "d");
+    EXPECT_EQ(victim, nullptr);
+    EXPECT_LT(gl.liveObjects(), objects);
+    tick();
+  }
+}
+
+#ifndef NDEBUG
+TEST_F(Surface, ADebugBuildNamesTheErrorThatAReplayLeft) {
+  expectGLErrorsInThisTest();
+  tick();
+  surface->invalidateElement();
+  gl.error = 0x0502;
+  testing::internal::CaptureStderr();
+  tick();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "OpenGL noted the error 0x502\n");
+}
+#endif
 
 TEST_F(Surface, AnIncompleteFramebufferIsLoggedOnceEach) {
   gl.framebufferStatus = 0x8CD6;

@@ -15,7 +15,7 @@ class TestGradient final : public VELPen2D {
   uint32_t colorCode() const override { return _ramp.front(); }
   void getColorCode(uint32_t& code, uint16_t& x, uint16_t& y, double atX, double) const override {
     code = 0;
-    x = static_cast<uint16_t>(atX);
+    x = static_cast<uint16_t>(static_cast<int32_t>(atX));
     y = static_cast<uint16_t>(_index * 256 | 1);
   }
   float strokeThickness() const override { return 1.0f; }

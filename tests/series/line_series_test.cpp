@@ -4,52 +4,14 @@
 #include <functional>
 #include <numbers>
 
+#include "tests/series/drawn_series.h"
 #include "tests/support/reason_of.h"
-#include "tests/support/recording_chart.h"
 #include "velmora/axes/flipped_double_coordinate_calculator.h"
 #include "velmora/axes/numeric_axis.h"
-#include "velmora/data/point_series.h"
-#include "velmora/data/xy_data_series.h"
 #include "velmora/platform/exception.h"
-#include "velmora/series/fast_line_renderable_series.h"
-#include "velmora/surface/render_pass_data.h"
+#include "velmora/series/renderable_series_drawing_helper.h"
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-// One data unit is one point; y grows downwards with the screen.
-std::shared_ptr<VELCoordinateCalculator> identity(bool horizontal, bool flipped = false) {
-  return std::make_shared<VELFlippedDoubleCoordinateCalculator>(101.0, 0.0, 100.0, true, horizontal, flipped);
-}
-
-// A series with its points, drawn into a recording context of 200 by 100 points.
-struct DrawnSeries {
-  DrawnSeries(const std::vector<double>& xs, const std::vector<double>& ys, bool vertical = false)
-      : surface(RecordingSurface::create({0.0, 0.0, 200.0, 100.0})) {
-    auto values = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
-    auto points = std::make_shared<VELPointSeries>();
-    for (size_t i = 0; i < xs.size(); ++i) {
-      values->appendX(xs[i], ys[i]);
-      points->addX(xs[i], ys[i], static_cast<int32_t>(i));
-    }
-    series->setDataSeries(values);
-    data = std::make_shared<VELRenderPassData>(nullptr, points, values, series, identity(vertical, false),
-                                               identity(!vertical));
-  }
-
-  std::vector<double> polyline() {
-    surface->render->operations.clear();
-    series->onDrawWithContext(*surface->render, data);
-    for (const auto& operation : surface->render->operations)
-      if (operation.name == "polyline") return operation.numbers;
-    return {};
-  }
-
-  std::shared_ptr<VELFastLineRenderableSeries> series = std::make_shared<VELFastLineRenderableSeries>();
-  std::shared_ptr<RecordingSurface> surface;
-  std::shared_ptr<const VELRenderPassData> data;
-};
 
 TEST(LineSeries, DrawsItsPointsStraightOrInStepsAlsoOnVerticalCharts) {
   const struct {
@@ -110,12 +72,24 @@ TEST(LineSeries, AStyleIsCopiedAndItsChangesShow) {
   chart.surface->attachRenderableSeries(series);
   VELLineSeriesStyle style;
   style.setLinePen(VELPen2D::solid(7, 2.0f));
+  style.setDrawPointMarkers(true);
+  style.setClusterSpacing(5.0f);
+  const auto copy = style.clone();
+  EXPECT_NE(copy->cluster(), style.cluster()) << "one clusterizer serves one series";
+  EXPECT_EQ(copy->clusterSpacing(), 5.0f);
+  EXPECT_TRUE(copy->drawPointMarkers());
+  EXPECT_EQ(copy->pointMarker(), style.pointMarker());
   const auto old = series->style();
   const std::pair<std::function<void()>, bool> rows[] = {
       {[&] { series->style()->setIsDigitalLine(true); }, true},
       {[&] { series->setIsVisible(false); }, false},  // visibility waits for the next redraw
       {[&] { series->setDataSeries(nullptr); }, true},
       {[&] { series->setStyle(style); }, true},
+      {[&] { series->style()->setDrawPointMarkers(true); }, true},
+      {[&] { series->style()->setPointMarker(nullptr); }, true},
+      {[&] { series->style()->setClusterSpacing(3.0f); }, true},
+      {[&] { series->style()->setCluster(nullptr); }, true},
+      {[&] { series->setPaletteProvider(nullptr); }, true},
       {[&] { style.setIsDigitalLine(true); }, false},
       {[&] { old->setIsDigitalLine(false); }, false}};  // a replaced style is no longer heard
   for (size_t i = 0; i < std::size(rows); ++i) {

@@ -12,6 +12,7 @@
 #include "velmora/series/fast_line_renderable_series.h"
 #include "velmora/surface/chart_surface.h"
 #include "velmora/surface/chart_surface_view.h"
+#include "velmora/surface/hit_test_provider.h"
 #include "velmora/surface/render_pass_data.h"
 
 namespace {
@@ -82,6 +83,34 @@ TEST(SteadyPass, AllocatesNothingInDataResamplingAndDrawing) {
     const AllocationCounter counter;
     for (int i = 0; i < 3; ++i) EXPECT_GT(resample()->count(), 0);
     EXPECT_EQ(counter.count(), 0) << count;
+  }
+}
+
+// Two styles in turn, both kept.
+struct TwoStyles : VELPaletteProvider {
+  std::shared_ptr<VELLineSeriesStyle> styles[2] = {std::make_shared<VELLineSeriesStyle>(),
+                                                   std::make_shared<VELLineSeriesStyle>()};
+  void updateData(const VELRenderPassData&) override {}
+  std::shared_ptr<const VELSeriesStyle> styleForX(double, double, uint32_t index) override {
+    return styles[index % 2];
+  }
+};
+
+TEST(SteadyPass, PalettesStepsMarkersAndHitTestsAllocateNothingEither) {
+  for (const bool paletted : {false, true}) {
+    LineChart chart(3'000);
+    chart.series->style()->setIsDigitalLine(true);
+    chart.series->style()->setDrawPointMarkers(true);
+    const auto palette = std::make_shared<TwoStyles>();
+    palette->styles[1]->setDrawPointMarkers(true);
+    if (paletted) chart.series->setPaletteProvider(palette);
+    for (int i = 0; i < 4; ++i) chart.redraw();
+    chart.series->allocations = 0;
+    for (int i = 0; i < 4; ++i) chart.redraw();
+    EXPECT_EQ(chart.series->allocations, 0) << paletted;
+    const AllocationCounter counter;
+    EXPECT_TRUE(chart.series->hitTestProvider()->hitTestSeries(*chart.series, {100.0, 100.0}).hasPoint());
+    EXPECT_EQ(counter.count(), 0);
   }
 }
 

@@ -62,6 +62,42 @@ class RecordingContext : public VELRenderContext2D {
     }
     add("polyline", std::move(points), pen);
   }
+  void drawTriangleWithBrush(const VELBrushPtr& brush, float x1, float y1, float x2, float y2, float x3,
+                             float y3) override {
+    add("triangle", {x1, y1, x2, y2, x3, y3}, brush);
+  }
+  void renderEllipseToBufferX(VELArrayController& x, VELArrayController& y, float radiusVertical,
+                              float radiusHorizontal, int32_t detalization) override {
+    x.clear();
+    y.clear();
+    for (int32_t i = 0; i < detalization; ++i) {
+      x.append(radiusHorizontal);
+      y.append(radiusVertical);
+    }
+  }
+  void drawEllipseWithBrush(const VELBrushPtr& brush, float x, float y, const VELArrayController&,
+                            const VELArrayController&) override {
+    add("ellipse", {x, y}, brush);
+  }
+  void drawSpriteWithBrush(const VELBrushPtr& brush, float x1, float y1, float x2, float y2) override {
+    add("sprite", {x1, y1, x2, y2}, brush);
+  }
+  void beginZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y, float zero,
+                                    bool isVertical) override {
+    add("beginArea", {x, y, zero, isVertical ? 1.0 : 0.0}, brush);
+  }
+  void extendZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y, float zero,
+                                     bool isVertical) override {
+    add("extendArea", {x, y, zero, isVertical ? 1.0 : 0.0}, brush);
+  }
+  void beginBandAreaWithBrush1(const VELBrushPtr& brush, const VELBrushPtr&, float x, float y1, float y2,
+                               bool isVertical) override {
+    add("beginBand", {x, y1, y2, isVertical ? 1.0 : 0.0}, brush);
+  }
+  void extendBandAreaWithBrush1(const VELBrushPtr& brush, const VELBrushPtr&, float x, float y1, float y2,
+                                bool isVertical) override {
+    add("extendBand", {x, y1, y2, isVertical ? 1.0 : 0.0}, brush);
+  }
   void beginNewPrimitive() override { operations.push_back({"new"}); }
   void setDrawingArea(const VELRect& area) override {
     operations.push_back({"area", {area.x, area.y, area.width, area.height}});

@@ -1,5 +1,7 @@
 #include "tests/support/recording_gl.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstring>
 #include <stdexcept>
@@ -25,16 +27,21 @@ std::ostream& operator<<(std::ostream& out, Constant constant) {
       Entry(VELGL_DEPTH_TEST, "DEPTH_TEST"),
       Entry(VELGL_STENCIL_TEST, "STENCIL_TEST"),
       Entry(VELGL_DITHER, "DITHER"),
+      Entry(VELGL_SAMPLE_ALPHA_TO_COVERAGE, "ALPHA_TO_COVERAGE"),
+      Entry(VELGL_SAMPLE_COVERAGE, "COVERAGE"),
+      Entry(VELGL_FUNC_ADD, "ADD"),
       Entry(VELGL_SRC_ALPHA, "SRC_ALPHA"),
       Entry(VELGL_ONE_MINUS_SRC_ALPHA, "ONE_MINUS_SRC_ALPHA"),
       Entry(VELGL_ONE_MINUS_DST_ALPHA, "ONE_MINUS_DST_ALPHA"),
       Entry(VELGL_TEXTURE0, "TEXTURE0"),
+      Entry(VELGL_TEXTURE1, "TEXTURE1"),
       Entry(VELGL_TEXTURE_2D, "2D"),
       Entry(VELGL_TEXTURE_MIN_FILTER, "MIN"),
       Entry(VELGL_TEXTURE_MAG_FILTER, "MAG"),
       Entry(VELGL_TEXTURE_WRAP_S, "WRAP_S"),
       Entry(VELGL_TEXTURE_WRAP_T, "WRAP_T"),
       Entry(VELGL_NEAREST, "NEAREST"),
+      Entry(VELGL_LINEAR, "LINEAR"),
       Entry(VELGL_CLAMP_TO_EDGE, "CLAMP"),
       Entry(VELGL_RGBA, "RGBA"),
       Entry(VELGL_RGBA8, "RGBA8"),
@@ -79,8 +86,14 @@ uint32_t RecordingGL::gen(const std::string& kind) {
 }
 
 void RecordingGL::remove(const std::string& kind, uint32_t name) {
-  _live.erase(kind + std::to_string(name));
+  EXPECT_EQ(_live.erase(kind + std::to_string(name)), 1u) << kind << ' ' << name << " is not there";
   add("delete" + kind, name);
+}
+
+uint32_t RecordingGL::known(const std::string& kind, uint32_t name) const {
+  EXPECT_TRUE(name == 0 || _live.contains(kind + std::to_string(name)))
+      << kind << ' ' << name << " is not there";
+  return name;
 }
 
 std::vector<std::byte> RecordingGL::copyOf(const void* data, size_t bytes) {

@@ -1,8 +1,9 @@
 // support/recording_gl.h: a GL context without a driver that lists every call.
 //
 // Calls are short strings such as "bindBuffer(ARRAY,1)", those that no test reads without their arguments;
-// uploaded bytes lie beside them. Objects are numbered from 1 in each kind. The stores of buffers are kept,
-// so that a test can read what a draw call would show.
+// uploaded bytes lie beside them. Objects are numbered from 1 in each kind and no number comes twice, also
+// not after the context was lost: whoever binds, uses or deletes an object that is not there fails the test.
+// The stores of buffers are kept, so that a test can read what a draw call would show.
 #pragma once
 
 #include <cstddef>
@@ -11,6 +12,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "velmora/platform/gl_context.h"
@@ -44,11 +46,17 @@ class RecordingGL final : public VELGL {
   const std::vector<std::byte>& bufferStore(uint32_t buffer) { return _stores[buffer]; }
   /// Buffers, textures, programs, shaders, framebuffers and renderbuffers that were made and not deleted.
   size_t liveObjects() const { return _live.size(); }
+  /// What a lost context does.
+  void loseEverything() {
+    _live.clear();
+    _stores.clear();
+    _bound.clear();
+  }
 
   uint32_t genBuffer() override { return gen("Buffer"); }
   void deleteBuffer(uint32_t buffer) override { remove("Buffer", buffer); }
   void bindBuffer(uint32_t target, uint32_t buffer) override {
-    add("bindBuffer", Constant{target}, _bound[target] = buffer);
+    add("bindBuffer", Constant{target}, _bound[target] = known("Buffer", buffer));
   }
   void bufferData(uint32_t target, size_t bytes, const void* data, uint32_t usage) override;
   void bufferSubData(uint32_t target, size_t offset, size_t bytes, const void* data) override;
@@ -79,7 +87,7 @@ class RecordingGL final : public VELGL {
   int32_t getProgram(uint32_t, uint32_t) override { return compiles; }
   std::string getProgramInfoLog(uint32_t, size_t) override { return "the program is wrong"; }
   void deleteProgram(uint32_t program) override { remove("Program", program); }
-  void useProgram(uint32_t program) override { add("useProgram", program); }
+  void useProgram(uint32_t program) override { add("useProgram", known("Program", program)); }
   int32_t getAttribLocation(uint32_t, std::string_view name) override {
     return name == "Position" ? 0 : name == "SourceColor" ? 1 : 2;
   }
@@ -96,7 +104,7 @@ class RecordingGL final : public VELGL {
   bool isTexture(uint32_t texture) override { return _live.contains("Texture" + std::to_string(texture)); }
   void activeTexture(uint32_t unit) override { add("activeTexture", Constant{unit}); }
   void bindTexture(uint32_t target, uint32_t texture) override {
-    add("bindTexture", Constant{target}, texture);
+    add("bindTexture", Constant{target}, known("Texture", texture));
   }
   void texParameteri(uint32_t target, uint32_t name, int32_t value) override {
     add("texParameteri", Constant{target}, Constant{name}, Constant{static_cast<uint32_t>(value)});
@@ -115,14 +123,22 @@ class RecordingGL final : public VELGL {
   uint32_t genFramebuffer() override { return gen("Framebuffer"); }
   void deleteFramebuffer(uint32_t framebuffer) override { remove("Framebuffer", framebuffer); }
   void bindFramebuffer(uint32_t target, uint32_t framebuffer) override {
-    add("bindFramebuffer", Constant{target}, framebuffer);
+    add("bindFramebuffer", Constant{target}, known("Framebuffer", framebuffer));
   }
-  void framebufferTexture2D(uint32_t, uint32_t, uint32_t, uint32_t) override { add("framebufferTexture2D"); }
-  void framebufferRenderbuffer(uint32_t, uint32_t, uint32_t) override { add("framebufferRenderbuffer"); }
+  void framebufferTexture2D(uint32_t, uint32_t, uint32_t, uint32_t texture) override {
+    known("Texture", texture);
+    add("framebufferTexture2D");
+  }
+  void framebufferRenderbuffer(uint32_t, uint32_t, uint32_t renderbuffer) override {
+    known("Renderbuffer", renderbuffer);
+    add("framebufferRenderbuffer");
+  }
   uint32_t checkFramebufferStatus(uint32_t) override { return framebufferStatus; }
   uint32_t genRenderbuffer() override { return gen("Renderbuffer"); }
   void deleteRenderbuffer(uint32_t renderbuffer) override { remove("Renderbuffer", renderbuffer); }
-  void bindRenderbuffer(uint32_t renderbuffer) override { add("bindRenderbuffer", renderbuffer); }
+  void bindRenderbuffer(uint32_t renderbuffer) override {
+    add("bindRenderbuffer", known("Renderbuffer", renderbuffer));
+  }
   void readPixels(int32_t, int32_t, int32_t, int32_t, void*) override { add("readPixels"); }
   bool hasMultisampling() override { return multisampling; }
   void renderbufferStorageMultisample(int32_t samples, uint32_t format, int32_t width,
@@ -140,6 +156,11 @@ class RecordingGL final : public VELGL {
     add("blendFuncSeparate", Constant{sourceColor}, Constant{targetColor}, Constant{sourceAlpha},
         Constant{targetAlpha});
   }
+  void blendEquation(uint32_t equation) override { add("blendEquation", Constant{equation}); }
+  void colorMask(bool red, bool green, bool blue, bool alpha) override {
+    add("colorMask", red, green, blue, alpha);
+  }
+  void resetES3State() override { add("resetES3State"); }
   void clearColor(float red, float green, float blue, float alpha) override {
     add("clearColor", red, green, blue, alpha);
   }
@@ -152,7 +173,8 @@ class RecordingGL final : public VELGL {
   }
   int32_t getInteger(uint32_t) override { return 16384; }
   std::string getString(uint32_t) override { return "recorder"; }
-  uint32_t getError() override { return VELGL_NO_ERROR; }
+  uint32_t error = VELGL_NO_ERROR;  ///< noted by the driver, until it is asked
+  uint32_t getError() override { return std::exchange(error, uint32_t{VELGL_NO_ERROR}); }
   void finish() override {}
 
  private:
@@ -167,6 +189,7 @@ class RecordingGL final : public VELGL {
   }
   uint32_t gen(const std::string& kind);
   void remove(const std::string& kind, uint32_t name);
+  uint32_t known(const std::string& kind, uint32_t name) const;
   static std::vector<std::byte> copyOf(const void* data, size_t bytes);
   static size_t pixelBytes(int32_t width, int32_t height) { return static_cast<size_t>(4 * width * height); }
 
@@ -178,11 +201,17 @@ class RecordingGL final : public VELGL {
 
 class RecordingGLContext final : public VELGLContext {
  public:
-  bool refuses = false;  ///< to be made current
+  bool refuses = false;  ///< to be made current, and to be replaced
+  bool resets = false;   ///< once, when it is asked next
   RecordingGL& gl() override { return _gl; }
 
  protected:
   bool doMakeCurrent() override { return !refuses; }
+  bool doCheckLost() override { return std::exchange(resets, false); }
+  bool doReplace() override {
+    if (!refuses) _gl.loseEverything();
+    return !refuses;
+  }
 
  private:
   RecordingGL _gl;

@@ -4,9 +4,11 @@
 
 #include <cmath>
 #include <functional>
+#include <utility>
 
 #include "tests/support/recording_chart.h"
 #include "velmora/axes/numeric_axis.h"
+#include "velmora/platform/gesture_recognizer.h"
 #include "velmora/series/fast_line_renderable_series.h"
 
 namespace {
@@ -164,6 +166,72 @@ TEST(ChartSurface, ModifierAndAnnotationAreToldInOrderAndMayReplaceThemselves) {
   chart.surface->setAnnotation(nullptr);
   for (const std::string& told : {modifier->told, annotation->told})
     EXPECT_EQ(told, "parent is attached onAttached no parent is not attached onDetached ");
+}
+
+TEST(ChartSurface, AnAnnotationDrawsIntoTheModifierContextAndTakesNoGestureUnlessItSaysSo) {
+  struct Mark : Element<VELAnnotation> {
+    std::weak_ptr<VELChartSurface> surface;
+    void draw() override {
+      surface.lock()->renderSurface()->modifierContext()->drawLineWithBrush(nullptr, 1.0f, 2.0f, 3.0f, 4.0f);
+    }
+  };
+  RecordingChart chart;
+  for (const bool isXAxis : {true, false}) chart.surface->attachAxis(makeAxis(), isXAxis);
+  const auto mark = std::make_shared<Mark>();
+  mark->surface = chart.surface;
+  chart.surface->setAnnotation(mark);
+  for (int i = 0; i < 8; ++i) chart.tick();
+  const size_t drawn = chart.context().operations.size();
+  EXPECT_EQ(chart.view->recording->modifier->names(), (std::vector<std::string>{"clear", "line"}));
+
+  // A modifier-only refresh draws it once more and leaves the series alone.
+  chart.view->recording->modifier->invalidate();
+  chart.tick();
+  EXPECT_EQ(chart.view->recording->modifier->names(), (std::vector<std::string>{"clear", "line"}));
+  EXPECT_EQ(chart.context().operations.size(), drawn);
+
+  struct Pinch : VELPinchGestureRecognizer {
+    VELGestureState state() const override { return VELGestureState_Began; }
+    VELPoint locationInView(const VELView&) const override { return {}; }
+    double scale() const override { return 1.0; }
+    int32_t numberOfTouches() const override { return 2; }
+    VELPoint locationOfTouch(int32_t, const VELView&) const override { return {}; }
+  };
+  const Pinch pinch;
+  EXPECT_FALSE(mark->onTapGesture(pinch, *chart.view) || mark->onPanGesture(pinch, *chart.view) ||
+               mark->onDoubleTapGesture(pinch, *chart.view) || mark->onPinchGesture(pinch, *chart.view));
+}
+
+TEST(ChartSurface, WhatRunsInAPassMayLetGoOfIt) {
+  struct Meddler : Element<VELChartModifier> {
+    std::function<void()> onDraw;
+    void draw() override {
+      std::exchange(onDraw, [] {})();
+    }
+  };
+  const std::function<void(RecordingChart&)> rows[] = {
+      [](RecordingChart& chart) { chart.surface.reset(); },
+      [](RecordingChart& chart) { chart.view.reset(); },
+      [](RecordingChart& chart) { chart.surface.reset(), chart.view.reset(); },
+      [](RecordingChart& chart) { chart.surface->free(); },
+      [](RecordingChart& chart) { chart.surface->setChartModifier(nullptr); },
+      [](RecordingChart& chart) { chart.surface->onRenderSurfaceDraw(); }};
+  for (const auto& letGo : rows)
+    for (const bool called : {false, true}) {
+      RecordingChart chart;
+      for (const bool isXAxis : {true, false}) chart.surface->attachAxis(makeAxis(), isXAxis);
+      const auto modifier = std::make_shared<Meddler>();
+      chart.surface->setChartModifier(modifier);
+      modifier->onDraw = [&] { letGo(chart); };
+      const auto recording = chart.view->recording;
+      // Called straight, nobody but the chart itself holds the surface.
+      if (called)
+        chart.surface->onRenderSurfaceDraw();
+      else
+        recording->onRenderTimeElapsed();
+      recording->onRenderTimeElapsed();
+      EXPECT_TRUE(!chart.surface || !chart.surface->isRendering());
+    }
 }
 
 TEST(ChartSurface, WithoutCpuReductionEveryRefreshRunsAPass) {

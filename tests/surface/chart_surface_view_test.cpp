@@ -144,4 +144,18 @@ TEST(ChartSurfaceView, APassSurvivesWhatItsCallbacksDo) {
   }
 }
 
+TEST(ChartSurfaceView, FollowsTheDensityOfItsScreen) {
+  Chart chart({0.0, 0.0, 400.0, 300.0});
+  const VELRect frame = chart.view->surface()->chartFrame();
+  for (const auto& [wish, scale] : {std::pair{2.0, 2.0}, {1.5, 1.5}, {std::nan(""), 1.5}, {0.0, 1.5}}) {
+    chart.host.settle();
+    EXPECT_FALSE(chart.view->renderSurface()->needsDisplay());
+    chart.host.rootView()->setTreeContentScale(wish);
+    EXPECT_EQ(chart.view->surface()->contentScale(), scale);
+    EXPECT_EQ(chart.view->renderSurface()->needsDisplay(), wish == scale);
+  }
+  chart.host.settle();
+  EXPECT_EQ(chart.view->surface()->chartFrame(), frame) << "the layout is in points";
+}
+
 }  // namespace

@@ -23,6 +23,7 @@
 class VELAxisDrawing;
 class VELAxisPanel;
 class VELRenderContext2D;
+class VELRenderPassInfo;
 
 /// One dimension of a chart.
 class VELMORA_API VELAxisBase : public VELAxisCore {
@@ -87,8 +88,12 @@ class VELMORA_API VELAxisBase : public VELAxisCore {
   /// As above for the Y extent inside x ranges, but undefined (two NaNs) where there is no data.
   /// @param xRanges by id of the x axis; null, or an id that is not in it, is the axis' visible range
   VELRangePtr getWindowedYRangeWithXRanges(const Ranges* xRanges = nullptr) const;
-  /// The range of an always auto-ranging Y axis in a pass.
-  VELRangePtr calculateYRangeWithRenderPassInfo() const { return getMaximumRange(); }
+  /// The range of an always auto-ranging Y axis in a pass: that of the data inside the visible X ranges, with
+  /// which a pass is prepared.
+  /// @param info the pass, for axes with a rule of their own
+  virtual VELRangePtr calculateYRangeWithRenderPassInfo(const VELRenderPassInfo& /*info*/) const {
+    return getMaximumRange();
+  }
   /// Widens a range without width by `zeroRangeGrowBy` of its value on both sides, in place.
   virtual void coerceZeroRange(VELRange& range) const;
   /// A fraction.

@@ -11,6 +11,7 @@
 #include "velmora/axes/tick_coordinates_provider.h"
 #include "velmora/axes/tick_provider.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 #include "velmora/platform/exception.h"
 
 namespace {
@@ -97,7 +98,7 @@ uint64_t VELAxisCore::addOnVisibleRangeChanged(VELRangeChangedCallbackHandler::B
 }
 
 VELRangePtr VELAxisCore::toVisibleRangeMin(const VELGenericType& min, const VELGenericType& max) const {
-  return std::make_shared<VELDoubleRange>(min, max);
+  return VELMakeRecycled<VELDoubleRange>(min, max);
 }
 
 void VELAxisCore::setGrowBy(const VELRangePtr& fractions) {

@@ -5,6 +5,7 @@
 #include "velmora/axes/axis_base.h"
 #include "velmora/axes/axis_collection.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 
 namespace {
 
@@ -38,7 +39,7 @@ class JoinedExtent {
 
 VELRangePtr undefinedRange() {
   constexpr double none = std::numeric_limits<double>::quiet_NaN();
-  return std::make_shared<VELDoubleRange>(none, none);
+  return VELMakeRecycled<VELDoubleRange>(none, none);
 }
 
 // Calls `use` with every series of the surface that is visible, has data, and hangs on an axis by `id`.

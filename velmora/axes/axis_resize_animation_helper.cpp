@@ -42,7 +42,7 @@ bool VELAxisResizeAnimationHelper::animateTo(const VELRange& target, double dura
   if (!isRunning()) {
     _displayLink = link;
     _hasStarted = false;
-    _key = link->add([this](double seconds) { step(seconds); });
+    _key = link->add([this](double seconds) { step(seconds); }, true);
   }
   // A display that rests while nothing changes beats again.
   _axis.invalidateElement();

@@ -7,6 +7,7 @@
 #include "velmora/data/category_array_controller.h"
 #include "velmora/data/data_series.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 
 namespace {
 
@@ -21,8 +22,8 @@ std::shared_ptr<VELCategoryArrayController> categoriesOf(const VELAxisSeries& se
 // First to last index, or what else stands on the axis, with the slots of both.
 VELRangePtr wholeSlots(const VELRangePtr& places) {
   if (!places || !(places->minAsDouble() <= places->maxAsDouble())) return nullptr;
-  return std::make_shared<VELDoubleRange>(places->minAsDouble() - kHalfSlot,
-                                          places->maxAsDouble() + kHalfSlot);
+  return VELMakeRecycled<VELDoubleRange>(places->minAsDouble() - kHalfSlot,
+                                         places->maxAsDouble() + kHalfSlot);
 }
 
 }  // namespace
@@ -48,7 +49,7 @@ VELDeltaCalculator& VELCategoryAxisBase::getDeltaCalculator() const {
 }
 
 VELRangePtr VELCategoryAxisBase::getDefaultNonZeroRange() const {
-  return std::make_shared<VELDoubleRange>(0, 10);
+  return VELMakeRecycled<VELDoubleRange>(0, 10);
 }
 
 bool VELCategoryAxisBase::isRangeOfValidType(const VELRange& range) const {
@@ -67,7 +68,7 @@ VELRangePtr VELCategoryAxisBase::seriesXRange(const VELAxisSeries& series) const
   // The column says that it reaches to its count; the slots of its points lie half a step to the left.
   const auto count = static_cast<double>(series.dataSeries()->count());
   if (count == 0.0) return nullptr;
-  return std::make_shared<VELDoubleRange>(-kHalfSlot, count - kHalfSlot);
+  return VELMakeRecycled<VELDoubleRange>(-kHalfSlot, count - kHalfSlot);
 }
 
 VELRangePtr VELCategoryAxisBase::seriesYRange(const VELAxisSeries& series, const VELRange& xRange) const {

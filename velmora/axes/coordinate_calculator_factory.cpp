@@ -3,6 +3,7 @@
 #include "velmora/axes/double_coordinate_calculator.h"
 #include "velmora/axes/flipped_double_coordinate_calculator.h"
 #include "velmora/axes/logarithmic_double_coordinate_calculator.h"
+#include "velmora/data/recycled.h"
 #include "velmora/platform/exception.h"
 
 namespace {
@@ -21,7 +22,7 @@ std::shared_ptr<VELCoordinateCalculator> VELCoordinateCalculatorFactory::getInst
 
   std::shared_ptr<VELCoordinateCalculator> calculator;
   if (params.isLogarithmicAxis) {
-    calculator = std::make_shared<VELLogarithmicDoubleCoordinateCalculator>(
+    calculator = VELMakeRecycled<VELLogarithmicDoubleCoordinateCalculator>(
         params.size, params.visibleMin, params.visibleMax, params.logarithmicBase, params.isXAxis,
         params.isHorizontal, params.flipCoordinates);
   } else {
@@ -35,11 +36,11 @@ std::shared_ptr<VELCoordinateCalculator> VELCoordinateCalculatorFactory::getInst
 std::shared_ptr<VELCoordinateCalculator> VELCoordinateCalculatorFactory::p_VEL_getDoulbeCoordinateCalculator(
     const VELAxisParams& params, bool shouldFlip) {
   if (shouldFlip) {
-    return std::make_shared<VELFlippedDoubleCoordinateCalculator>(
-        params.size, params.visibleMin, params.visibleMax, params.isXAxis, params.isHorizontal,
-        params.flipCoordinates);
+    return VELMakeRecycled<VELFlippedDoubleCoordinateCalculator>(params.size, params.visibleMin,
+                                                                 params.visibleMax, params.isXAxis,
+                                                                 params.isHorizontal, params.flipCoordinates);
   }
-  return std::make_shared<VELDoubleCoordinateCalculator>(params.size, params.visibleMin, params.visibleMax,
-                                                         params.isXAxis, params.isHorizontal,
-                                                         params.flipCoordinates);
+  return VELMakeRecycled<VELDoubleCoordinateCalculator>(params.size, params.visibleMin, params.visibleMax,
+                                                        params.isXAxis, params.isHorizontal,
+                                                        params.flipCoordinates);
 }

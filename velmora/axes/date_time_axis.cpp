@@ -4,6 +4,7 @@
 #include "velmora/axes/date_time_tick_provider.h"
 #include "velmora/axes/time_span_delta_calculator.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 
 VELDateTimeAxis::VELDateTimeAxis() {
   setTextFormatting("dd MMM");
@@ -19,7 +20,7 @@ VELDeltaCalculator& VELDateTimeAxis::getDeltaCalculator() const {
 }
 
 VELRangePtr VELDateTimeAxis::getDefaultNonZeroRange() const {
-  return std::make_shared<VELDateRange>(0.0, 86400.0);
+  return VELMakeRecycled<VELDateRange>(0.0, 86400.0);
 }
 
 VELGenericType VELDateTimeAxis::labelValue(double tick) const { return VELDate(tick); }

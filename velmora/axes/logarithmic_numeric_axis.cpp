@@ -11,6 +11,7 @@
 #include "velmora/axes/number_format.h"
 #include "velmora/data/data_series.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 #include "velmora/platform/exception.h"
 
 namespace {
@@ -96,7 +97,7 @@ VELRangePtr VELLogarithmicNumericAxis::grownRange(const VELRange& range, double 
   const double min = range.minAsDouble(), max = range.maxAsDouble();
   const VELAxisScale scale = VELAxisScale::forBound(true, min);
   const double span = scale.place(max) - scale.place(min);
-  auto grown = std::make_shared<VELDoubleRange>();
+  auto grown = VELMakeRecycled<VELDoubleRange>();
   grown->setMinTo(scale.value(scale.place(min) - minFraction * span),
                   scale.value(scale.place(max) + maxFraction * span));
   return grown;
@@ -107,7 +108,7 @@ VELRangePtr VELLogarithmicNumericAxis::seriesXRange(const VELAxisSeries& series)
   if (!all || isOnOneSideOfZero(*all)) return all;
   const auto data = series.dataSeries();
   if (!data || !(all->maxAsDouble() > 0.0)) return nullptr;
-  return std::make_shared<VELDoubleRange>(leastAboveZero(data->xValues()->view()), all->maxAsDouble());
+  return VELMakeRecycled<VELDoubleRange>(leastAboveZero(data->xValues()->view()), all->maxAsDouble());
 }
 
 VELRangePtr VELLogarithmicNumericAxis::seriesYRange(const VELAxisSeries& series,

@@ -6,6 +6,7 @@
 #include "velmora/axes/numeric_label_provider.h"
 #include "velmora/axes/numeric_tick_provider.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 
 VELNumericAxis::VELNumericAxis() {
   setTickProvider(std::make_shared<VELNumericTickProvider>());
@@ -19,11 +20,11 @@ VELDeltaCalculator& VELNumericAxis::getDeltaCalculator() const {
   return VELNumericDeltaCalculator::instance();
 }
 
-VELRangePtr VELNumericAxis::getDefaultNonZeroRange() const { return std::make_shared<VELDoubleRange>(0, 10); }
+VELRangePtr VELNumericAxis::getDefaultNonZeroRange() const { return VELMakeRecycled<VELDoubleRange>(0, 10); }
 
 VELRangePtr VELNumericAxis::getUndefinedRange() const {
   const double none = std::numeric_limits<double>::quiet_NaN();
-  return std::make_shared<VELDoubleRange>(none, none);
+  return VELMakeRecycled<VELDoubleRange>(none, none);
 }
 
 bool VELNumericAxis::isRangeOfValidType(const VELRange& range) const {

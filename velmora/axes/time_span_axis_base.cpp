@@ -5,6 +5,7 @@
 #include "velmora/axes/date_time_formatting.h"
 #include "velmora/axes/time_spans.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 #include "velmora/platform/calendar.h"
 
 namespace {
@@ -23,7 +24,7 @@ VELTimeSpanAxisBase::~VELTimeSpanAxisBase() = default;
 VELRangePtr VELTimeSpanAxisBase::toVisibleRangeMin(const VELGenericType& min,
                                                    const VELGenericType& max) const {
   // As seconds, since a counter is no date.
-  return std::make_shared<VELDateRange>(VELGenericDouble(min), VELGenericDouble(max));
+  return VELMakeRecycled<VELDateRange>(VELGenericDouble(min), VELGenericDouble(max));
 }
 
 bool VELTimeSpanAxisBase::isRangeOfValidType(const VELRange& range) const {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 #include "velmora/platform/exception.h"
 
 namespace {
@@ -77,8 +78,8 @@ VELRangePtr VELCompositePointSeries::getYRange() const {
     lowest = std::min(lowest, min);
     highest = std::max(highest, max);
   }
-  if (!(lowest <= highest)) return std::make_shared<VELDoubleRange>();
-  return std::make_shared<VELDoubleRange>(lowest, highest);
+  if (!(lowest <= highest)) return VELMakeRecycled<VELDoubleRange>();
+  return VELMakeRecycled<VELDoubleRange>(lowest, highest);
 }
 
 void VELCompositePointSeries::setCount(int64_t count) {

@@ -8,6 +8,7 @@
 #include "velmora/data/column_view.h"
 #include "velmora/data/data_series.h"
 #include "velmora/data/extent.h"
+#include "velmora/data/recycled.h"
 #include "velmora/data/saturate.h"
 #include "velmora/data/sorted_search.h"
 
@@ -114,7 +115,7 @@ VELRangePtr VELDataSeries::getYRange() const {
 
 std::shared_ptr<VELIndexRange> VELDataSeries::getIndicesRangeWithVisibleRange(
     const VELRange& visibleRange) const {
-  auto answer = std::make_shared<VELIndexRange>();
+  auto answer = VELMakeRecycled<VELIndexRange>();
   getIndicesRangeWithVisibleRange(visibleRange, *answer);
   return answer;
 }

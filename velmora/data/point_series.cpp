@@ -5,6 +5,7 @@
 
 #include "velmora/data/array_controller_fifo.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 #include "velmora/platform/exception.h"
 
 VELPointSeries::VELPointSeries() : VELPointSeries(0) {}
@@ -62,8 +63,8 @@ VELRangePtr VELPointSeries::getYRange() const {
   double min = 0.0;
   double max = 0.0;
   yValues()->getRangeMin(min, max);
-  if (!(min <= max)) return std::make_shared<VELDoubleRange>();
-  return std::make_shared<VELDoubleRange>(min, max);
+  if (!(min <= max)) return VELMakeRecycled<VELDoubleRange>();
+  return VELMakeRecycled<VELDoubleRange>(min, max);
 }
 
 void VELPointSeries::setCount(int64_t count) {

@@ -4,11 +4,12 @@
 #include <ostream>
 
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 
 VELRange::~VELRange() = default;
 
 std::shared_ptr<VELDoubleRange> VELRange::asDoubleRange() const {
-  auto range = std::make_shared<VELDoubleRange>();
+  auto range = VELMakeRecycled<VELDoubleRange>();
   range->setMinTo(minAsDouble(), maxAsDouble());
   return range;
 }

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "velmora/data/ranges.h"
+#include "velmora/data/recycled.h"
 
 namespace {
 
@@ -9,8 +10,8 @@ bool isUnknown(VELGenericType bound) { return std::isnan(VELGenericDouble(bound)
 template <typename Range>
 VELRangePtr makeRange(VELGenericType min, VELGenericType max) {
   // A bound that is not known leaves the whole range undefined instead of open on one side.
-  if (isUnknown(min) || isUnknown(max)) return std::make_shared<Range>();
-  return std::make_shared<Range>(min, max);
+  if (isUnknown(min) || isUnknown(max)) return VELMakeRecycled<Range>();
+  return VELMakeRecycled<Range>(min, max);
 }
 
 struct RangeClass {

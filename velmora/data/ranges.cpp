@@ -3,6 +3,8 @@
 #include <cmath>
 #include <utility>
 
+#include "velmora/data/recycled.h"
+
 VELDoubleRange::~VELDoubleRange() = default;
 
 bool VELDoubleRange::equals(const VELRange* other) const { return equalsAs<VELDoubleRange>(other); }
@@ -12,19 +14,19 @@ VELRangePtr VELDoubleRange::unionWith(const VELRange& other) const {
                                          std::fmax(_max, other.maxAsDouble()));
 }
 
-VELRangePtr VELDoubleRange::clone() const { return std::make_shared<VELDoubleRange>(min(), max()); }
+VELRangePtr VELDoubleRange::clone() const { return VELMakeRecycled<VELDoubleRange>(min(), max()); }
 
 VELFloatRange::~VELFloatRange() = default;
 
 bool VELFloatRange::equals(const VELRange* other) const { return equalsAs<VELFloatRange>(other); }
 
-VELRangePtr VELFloatRange::clone() const { return std::make_shared<VELFloatRange>(min(), max()); }
+VELRangePtr VELFloatRange::clone() const { return VELMakeRecycled<VELFloatRange>(min(), max()); }
 
 VELIntegerRange::~VELIntegerRange() = default;
 
 bool VELIntegerRange::equals(const VELRange* other) const { return equalsAs<VELIntegerRange>(other); }
 
-VELRangePtr VELIntegerRange::clone() const { return std::make_shared<VELIntegerRange>(min(), max()); }
+VELRangePtr VELIntegerRange::clone() const { return VELMakeRecycled<VELIntegerRange>(min(), max()); }
 
 VELIndexRange::~VELIndexRange() = default;
 
@@ -42,7 +44,7 @@ VELRange& VELIndexRange::growMinBy(VELGenericType minFraction, VELGenericType ma
 
 bool VELIndexRange::equals(const VELRange* other) const { return equalsAs<VELIndexRange>(other); }
 
-VELRangePtr VELIndexRange::clone() const { return std::make_shared<VELIndexRange>(min(), max()); }
+VELRangePtr VELIndexRange::clone() const { return VELMakeRecycled<VELIndexRange>(min(), max()); }
 
 VELDateRange::~VELDateRange() = default;
 
@@ -57,7 +59,7 @@ VELRangePtr VELDateRange::unionWith(const VELRange& other) const {
                                                 std::fmax(_max, VELDateBound::from(other.max())));
 }
 
-VELRangePtr VELDateRange::clone() const { return std::make_shared<VELDateRange>(min(), max()); }
+VELRangePtr VELDateRange::clone() const { return VELMakeRecycled<VELDateRange>(min(), max()); }
 
 VELRangePtr VELDateRange::withBounds(VELGenericType min, VELGenericType max) const {
   const bool inOrder = VELGenericDouble(min) < VELGenericDouble(max);

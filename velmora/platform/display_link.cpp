@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <utility>
 
-uint64_t VELDisplayLink::add(Callback callback) {
-  _listeners.push_back({_nextKey, std::make_shared<const Callback>(std::move(callback))});
+uint64_t VELDisplayLink::add(Callback callback, bool everyBeat) {
+  _listeners.push_back({_nextKey, std::make_shared<const Callback>(std::move(callback)), everyBeat});
   return _nextKey++;
+}
+
+bool VELDisplayLink::isAwaited() const {
+  return std::any_of(_listeners.begin(), _listeners.end(),
+                     [](const Listener& listener) { return listener.everyBeat; });
 }
 
 void VELDisplayLink::remove(uint64_t key) {

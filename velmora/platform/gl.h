@@ -44,6 +44,7 @@ enum VELGLConstant : uint32_t {
   VELGL_VENDOR = 0x1F00,
   VELGL_RENDERER = 0x1F01,
   VELGL_VERSION = 0x1F02,
+  VELGL_EXTENSIONS = 0x1F03,
   VELGL_NEAREST = 0x2600,
   VELGL_LINEAR = 0x2601,
   VELGL_TEXTURE_MAG_FILTER = 0x2800,
@@ -51,7 +52,10 @@ enum VELGLConstant : uint32_t {
   VELGL_TEXTURE_WRAP_S = 0x2802,
   VELGL_TEXTURE_WRAP_T = 0x2803,
   VELGL_COLOR_BUFFER_BIT = 0x4000,
+  VELGL_FUNC_ADD = 0x8006,
   VELGL_RGBA8 = 0x8058,
+  VELGL_SAMPLE_ALPHA_TO_COVERAGE = 0x809E,
+  VELGL_SAMPLE_COVERAGE = 0x80A0,
   VELGL_CLAMP_TO_EDGE = 0x812F,
   VELGL_TEXTURE0 = 0x84C0,
   VELGL_TEXTURE1 = 0x84C1,
@@ -156,6 +160,12 @@ class VELMORA_API VELGL {
   virtual void disable(uint32_t capability) = 0;
   virtual void blendFuncSeparate(uint32_t sourceColor, uint32_t targetColor, uint32_t sourceAlpha,
                                  uint32_t targetAlpha) = 0;
+  virtual void blendEquation(uint32_t equation) = 0;
+  virtual void colorMask(bool red, bool green, bool blue, bool alpha) = 0;
+  /// What ES 3 can leave behind to change the meaning of the calls of ES 2: no vertex array object, no
+  /// sampler on the units 0 and 1, no pixel buffer, rows without gaps, no instancing on the slots 0 to 2, no
+  /// restart index, nothing discarded. Does nothing on ES 2.
+  virtual void resetES3State() = 0;
   virtual void clearColor(float red, float green, float blue, float alpha) = 0;
   virtual void clear(uint32_t mask) = 0;
   virtual void viewport(int32_t x, int32_t y, int32_t width, int32_t height) = 0;

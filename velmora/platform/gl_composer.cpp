@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "velmora/platform/gl_baseline.h"
 #include "velmora/platform/gl_layer.h"
 
 namespace {
@@ -74,12 +75,12 @@ float channel(uint32_t colorCode, int shift) {
 }  // namespace
 
 VELGLComposer::VELGLComposer(std::shared_ptr<VELGLContext> context)
-    : _context(std::move(context)), _texts(_context) {}
+    : _context(std::move(context)), _texts(_context), _generation(_context->generation()) {}
 
 VELGLComposer::~VELGLComposer() {
   if (_program == 0) return;
   const VELGLContextScope scope(*_context);
-  if (!scope.isCurrent()) return;
+  if (!scope.isCurrent() || isLost()) return;
   _context->gl().deleteBuffer(_buffer);
   _context->gl().deleteProgram(_program);
 }
@@ -102,7 +103,7 @@ bool VELGLComposer::drawTree(VELView& root, const VELGLComposerTarget& target) {
 }
 
 void VELGLComposer::composeLayer(const VELGLLayer& layer, const VELRect& frame) {
-  if (layer.texture() == 0 || layer.presentedCount() == 0) return;
+  if (!layer.isPresented() || !(frame.width > 0.0 && frame.height > 0.0)) return;
   double width = frame.width * _scale, height = frame.height * _scale;
   // A surface may round its pixels, or cut them to whole points: up to there its own pixels are shown as they
   // are, from the frame's top left.
@@ -154,6 +155,11 @@ void VELGLComposer::addQuad(const Quad& quad, VELPoint centre, VELPoint x, VELPo
 }
 
 bool VELGLComposer::prepareProgram() {
+  if (isLost()) {
+    _generation = _context->generation();
+    _program = _buffer = 0;
+    _isRefused = false;
+  }
   if (_program != 0 || _isRefused) return !_isRefused;
   VELGL& gl = _context->gl();
   const uint32_t vertexShader = compiled(gl, VELGL_VERTEX_SHADER, kVertexShader);
@@ -180,13 +186,8 @@ bool VELGLComposer::prepareProgram() {
 
 void VELGLComposer::setState(const VELGLComposerTarget& target) {
   VELGL& gl = _context->gl();
-  for (const uint32_t capability :
-       {VELGL_SCISSOR_TEST, VELGL_CULL_FACE, VELGL_DEPTH_TEST, VELGL_STENCIL_TEST, VELGL_DITHER})
-    gl.disable(capability);
-  gl.enable(VELGL_BLEND);
-  gl.blendFuncSeparate(VELGL_SRC_ALPHA, VELGL_ONE_MINUS_SRC_ALPHA, VELGL_ONE_MINUS_DST_ALPHA, VELGL_ONE);
+  VELGLSetBaseline(gl);
   gl.viewport(0, 0, target.width, target.height);
-  gl.activeTexture(VELGL_TEXTURE0);
   const uint32_t background = target.background.colorCode();
   gl.clearColor(channel(background, 0), channel(background, 8), channel(background, 16),
                 channel(background, 24));

@@ -26,7 +26,7 @@ struct VELGLComposerTarget {
 /// A layer as large as its frame, and a text that is not turned or turned by quarters, lies on whole pixels
 /// and keeps its own pixels unchanged. Colours are not premultiplied; over an opaque background the result is
 /// opaque. It sets all GL state that it needs and leaves blending on, scissoring off, and nothing bound but
-/// the framebuffer.
+/// the framebuffer. After a lost context it makes its objects again.
 class VELMORA_API VELGLComposer : public VELComposer {
  public:
   /// @param context where it draws, held strongly
@@ -57,6 +57,7 @@ class VELMORA_API VELGLComposer : public VELComposer {
   };
 
   bool prepareProgram();
+  bool isLost() const { return _context->hasLost(_generation); }
   void setState(const VELGLComposerTarget& target);
   /// @param centre of the rectangle, @p x and @p y its half sides as vectors; all in pixels
   void addQuad(const Quad& quad, VELPoint centre, VELPoint x, VELPoint y, bool isBottomUp);
@@ -67,6 +68,7 @@ class VELMORA_API VELGLComposer : public VELComposer {
   double _scale = 1.0;
   std::vector<Vertex> _vertices;  ///< four a quad, kept between frames for their capacity
   std::vector<Quad> _quads;
+  uint32_t _generation;  ///< of the context, when program and buffer were made
   uint32_t _program = 0;
   uint32_t _buffer = 0;
   int32_t _pixelSizeSlot = -1;

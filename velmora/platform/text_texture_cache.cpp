@@ -41,17 +41,18 @@ size_t VELTextTextureCache::KeyHash::operator()(const Key& key) const {
 }
 
 VELTextTextureCache::VELTextTextureCache(std::shared_ptr<VELGLContext> context, VELTextEngine& engine)
-    : _context(std::move(context)), _engine(&engine) {}
+    : _context(std::move(context)), _engine(&engine), _generation(_context->generation()) {}
 
 VELTextTextureCache::~VELTextTextureCache() {
   const VELGLContextScope scope(*_context);
-  if (!scope.isCurrent()) return;
+  if (!scope.isCurrent() || isLost()) return;
   for (const Entry& entry : _entries)
     if (entry.texture.texture != 0) _context->gl().deleteTexture(entry.texture.texture);
 }
 
 VELTextTexture VELTextTextureCache::textureFor(const VELAttributedText& text, double scale) {
   if (text.empty() || !(scale > 0.0)) return {};
+  forgetLostTextures();
   if (const auto known = _index.find(Key{&text, scale}); known != _index.end()) {
     _entries.splice(_entries.begin(), _entries, known->second);
     return known->second->texture;
@@ -64,7 +65,17 @@ VELTextTexture VELTextTextureCache::textureFor(const VELAttributedText& text, do
   return entry.texture;
 }
 
+void VELTextTextureCache::forgetLostTextures() {
+  if (!isLost()) return;
+  _generation = _context->generation();
+  _index.clear();
+  _entries.clear();
+  _bytes = 0;
+  _largestSide = 0;
+}
+
 void VELTextTextureCache::trim() {
+  forgetLostTextures();
   while (_bytes > _byteLimit && !_entries.empty()) {
     const Entry& oldest = _entries.back();
     if (oldest.texture.texture != 0) _context->gl().deleteTexture(oldest.texture.texture);

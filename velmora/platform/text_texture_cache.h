@@ -21,7 +21,7 @@ struct VELTextTexture {
 /// Textures of rasterised texts, by text and scale. A turned text is the same texture, turned when drawn.
 ///
 /// Always true: an unchanged text is rasterised once as long as it stays in the cache; after `trim` the cache
-/// holds at most `byteLimit()` bytes.
+/// holds at most `byteLimit()` bytes. After a lost context every text is new again.
 class VELMORA_API VELTextTextureCache {
  public:
   /// @param context where the textures live, held strongly
@@ -64,12 +64,15 @@ class VELMORA_API VELTextTextureCache {
   };
   using Entries = std::list<Entry>;
 
+  bool isLost() const { return _context->hasLost(_generation); }
+  void forgetLostTextures();
   static size_t costOf(const VELTextTexture& texture);
   VELTextTexture upload(const VELTextMask& mask);
 
   std::shared_ptr<VELGLContext> _context;
   VELTextEngine* _engine;
-  Entries _entries;  ///< used last first
+  uint32_t _generation;  ///< of the context, when the textures were made
+  Entries _entries;      ///< used last first
   std::unordered_map<Key, Entries::iterator, KeyHash> _index;
   size_t _byteLimit = size_t{16} << 20;
   size_t _bytes = 0;

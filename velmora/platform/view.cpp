@@ -51,6 +51,26 @@ void VELView::layoutIfNeeded() {
   }
 }
 
+void VELView::setTreeContentScale(double pixelsPerPoint) {
+  contentScaleChanged(pixelsPerPoint);
+  setNeedsLayout();
+  const auto subviews = _subviews;
+  for (const auto& subview : subviews) subview->setTreeContentScale(pixelsPerPoint);
+}
+
+bool VELView::onTouch(const VELTouch&) { return false; }
+
+bool VELView::onWheel(const VELWheel&) { return false; }
+
+std::shared_ptr<VELView> VELView::viewAt(VELPoint point) {
+  if (_hidden || !bounds().contains(point)) return nullptr;
+  for (auto subview = _subviews.rbegin(); subview != _subviews.rend(); ++subview) {
+    const VELRect& place = (*subview)->frame();
+    if (auto found = (*subview)->viewAt({point.x - place.x, point.y - place.y})) return found;
+  }
+  return shared_from_this();
+}
+
 bool VELView::isTreeDirty() const {
   return _needsLayout || needsDisplay() ||
          std::any_of(_subviews.begin(), _subviews.end(),

@@ -11,6 +11,8 @@
 #include "velmora/platform/geometry.h"
 
 class VELComposer;
+struct VELTouch;
+struct VELWheel;
 
 /// A rectangle with subviews. Create views with `std::make_shared`.
 class VELMORA_API VELView : public std::enable_shared_from_this<VELView> {
@@ -47,6 +49,17 @@ class VELMORA_API VELView : public std::enable_shared_from_this<VELView> {
   /// Lays out this view and every view below it that asked for it, from the top.
   void layoutIfNeeded();
 
+  /// Tells this view and every one below it how many pixels a point has from now on.
+  void setTreeContentScale(double pixelsPerPoint);
+  /// A finger on this view or on one below it that did not take it. Once a view takes the beginning of a
+  /// touch it gets the rest of it, wherever the finger goes. @return true to take it
+  virtual bool onTouch(const VELTouch& touch);
+  /// A turn of the wheel over this view or over one below it that did not take it. @return true to take it
+  virtual bool onWheel(const VELWheel& wheel);
+  /// The topmost view below this one, or this one, that shows at a point of its own coordinates; null
+  /// outside.
+  std::shared_ptr<VELView> viewAt(VELPoint point);
+
   /// True while the view waits for the next beat of the display to change what it shows.
   virtual bool needsDisplay() const { return false; }
   /// True when this view or one below it waits for a layout or for the display.
@@ -55,6 +68,10 @@ class VELMORA_API VELView : public std::enable_shared_from_this<VELView> {
   /// Shows this view alone, its subviews follow. @param frameInRoot the own rectangle as the composer needs
   /// it
   virtual void compose(VELComposer& composer, const VELRect& frameInRoot);
+
+ protected:
+  /// The density changed; the views below are told next.
+  virtual void contentScaleChanged(double /*pixelsPerPoint*/) {}
 
  private:
   VELRect _frame;

@@ -5,11 +5,13 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <span>
 
 #include "velmora/platform/color.h"
 #include "velmora/platform/export.h"
+#include "velmora/rendering/gradient_ramp.h"
 
 class VELBrush2D;
 class VELBrushPassData;
@@ -31,11 +33,22 @@ enum VELShaderType : uint64_t {
   VELShaderType_LinearGradient = 4,
 };
 
+/// The way along which the colour of a gradient changes.
+enum VELGradientDirection : int32_t {
+  VELGradientDirection_Vertical = 0,    ///< from the top down
+  VELGradientDirection_Horizontal = 1,  ///< from left to right
+};
+
 /// Colours a shape. Positions are in points, relative to the current drawing area.
 class VELMORA_API VELBrush2D {
  public:
   /// A brush of one colour.
   static VELBrushPtr solid(uint32_t colorCode);
+  /// A gradient from one colour to another, or through several stops as in
+  /// `linearGradient({{0.0, red}, {0.2, yellow}, {1.0, white}}, VELGradientDirection_Vertical)`.
+  static VELBrushPtr linearGradient(uint32_t start, uint32_t finish, VELGradientDirection direction);
+  static VELBrushPtr linearGradient(std::initializer_list<VELGradientStop> stops,
+                                    VELGradientDirection direction);
 
   virtual ~VELBrush2D() = default;
 
@@ -65,13 +78,14 @@ class VELMORA_API VELBrush2D {
   /// Spans the brush over the data of a series. @param data read at once and not kept; null does nothing
   virtual void setRenderPassData(const VELBrushPassData* /*data*/) {}
 
-  /// Row of the brush in the atlas; 0, the row of the solid colours, until the atlas assigns one.
+  /// Row of the brush in the atlas of the render context that drew with it last; 0, the row of the solid
+  /// colours, until an atlas assigns one.
   virtual int32_t gradientIndex() const { return 0; }
   virtual void setGradientIndex(int32_t /*index*/) {}
   /// The colour codes along the gradient, owned by the brush; none for a brush that is no gradient.
   virtual std::span<const uint32_t> getGradientData() const { return {}; }
 
-  /// A copy that shares nothing; a pen's copy is a pen.
+  /// A copy that shares nothing but textures; a pen's copy is a pen.
   virtual VELBrushPtr clone() const = 0;
 };
 
@@ -80,6 +94,11 @@ class VELMORA_API VELPen2D : public VELBrush2D {
  public:
   /// A pen of one colour. @param width see `strokeThickness`
   static VELPenPtr solid(uint32_t colorCode, float width);
+  /// The same gradients as a brush has.
+  static VELPenPtr linearGradient(uint32_t start, uint32_t finish, VELGradientDirection direction,
+                                  float width);
+  static VELPenPtr linearGradient(std::initializer_list<VELGradientStop> stops,
+                                  VELGradientDirection direction, float width);
 
   /// How far a line reaches to each side of its centre, in points: a line is twice as wide.
   virtual float strokeThickness() const = 0;

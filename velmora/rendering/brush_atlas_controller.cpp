@@ -1,44 +1,40 @@
 #include "velmora/rendering/brush_atlas_controller.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstring>
 #include <span>
 
-#include "velmora/platform/gl_context.h"
-
-VELBrushAtlasController::VELBrushAtlasController() : _textureData(size_t{size} * size) {}
+VELBrushAtlasController::VELBrushAtlasController() : _atlas(size, size) {
+  // Rows must not bleed into each other.
+  _atlas.setFilter(VELTextureFilter_Nearest);
+}
 
 void VELBrushAtlasController::o_addBrush(const VELBrushPtr& brush) {
-  if (!brush || brush->shaderType() != VELShaderType_LinearGradient) return;
-  if (_lastBrushIndex == size - 1 || std::ranges::find(_storedBrushes, brush) != _storedBrushes.end()) return;
+  if (!brush || brush->shaderType() != VELShaderType_LinearGradient || hasRowOf(*brush)) return;
+  const auto stored = std::ranges::find(_storedBrushes, brush);
+  if (stored != _storedBrushes.end()) {
+    brush->setGradientIndex(static_cast<int32_t>(stored - _storedBrushes.begin()) + 1);
+    return;
+  }
   const std::span<const uint32_t> ramp = brush->getGradientData();
-  if (ramp.size() != size_t{size}) return;
+  if (_lastBrushIndex == size - 1 || ramp.size() != size_t{size}) return;
   _storedBrushes.push_back(brush);
   brush->setGradientIndex(++_lastBrushIndex);
-  const auto row = std::span(_textureData).subspan(static_cast<size_t>(_lastBrushIndex) * size, size);
-  if (std::ranges::equal(ramp, row)) return;
-  std::ranges::copy(ramp, row.begin());
-  _atlasValid = false;
+  const size_t start = static_cast<size_t>(_lastBrushIndex) * ramp.size_bytes();
+  // Compared first: the gradients of a frame are usually those of the frame before.
+  if (std::memcmp(_atlas.pixels().data() + start, ramp.data(), ramp.size_bytes()) == 0) return;
+  std::memcpy(_atlas.editRows(_lastBrushIndex, 1).data(), ramp.data(), ramp.size_bytes());
 }
 
 void VELBrushAtlasController::o_clearAtlas() {
-  // The texture stays valid: it still equals the texels, and the same gradients usually get the same rows
-  // again. An upload per cleared frame would send 256 KiB for nothing.
   _storedBrushes.clear();
   _lastBrushIndex = 0;
+  _atlasValid = false;
 }
 
 void VELBrushAtlasController::o_applyTextureAtlas() {
-  VELGLContext* const context = VELGLContext::current();
-  if (!context) return;
-  context->gl().activeTexture(VELGL_TEXTURE0);
-  if (!_atlasValid || !_atlas) {
-    const std::span texels(_textureData);
-    const std::span bytes(reinterpret_cast<const uint8_t*>(texels.data()), texels.size_bytes());
-    if (_atlas && _atlas->isValid())
-      _atlas->updateWithByteData(bytes, size, size);
-    else
-      _atlas = std::make_unique<VELTextureOpenGL>(bytes, size, size);
-    _atlasValid = true;
-  }
-  context->gl().bindTexture(VELGL_TEXTURE_2D, _atlas->textureId());
+  if (!_atlasValid) _atlas.makeAgainIfLost();
+  _atlasValid = true;
+  _atlas.bind(0);
 }

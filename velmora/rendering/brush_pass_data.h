@@ -8,6 +8,7 @@
 #include "velmora/platform/export.h"
 
 class VELCoordinateCalculator;
+class VELRange;
 
 /// One series in one render pass, as far as colours depend on it. Valid during the pass only.
 class VELMORA_API VELBrushPassData {
@@ -19,4 +20,10 @@ class VELMORA_API VELBrushPassData {
   virtual const std::shared_ptr<VELCoordinateCalculator>& xCoordinateCalculator() const = 0;
   /// Data units to points along the Y axis; null when the series has no Y axis in this pass.
   virtual const std::shared_ptr<VELCoordinateCalculator>& yCoordinateCalculator() const = 0;
+  /// Range of all of the series' data along the X axis, in data units; null without data.
+  virtual std::shared_ptr<VELRange> xDataRange() const = 0;
+  /// The same along the Y axis.
+  virtual std::shared_ptr<VELRange> yDataRange() const = 0;
+  /// Data value of the series' zero line; NaN for none.
+  virtual double zeroLineY() const = 0;
 };

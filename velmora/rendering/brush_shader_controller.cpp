@@ -2,6 +2,21 @@
 
 #include "velmora/rendering/opengl_context_controller.h"
 
+namespace {
+
+/// @param flag of the program among the four of the attributes
+template <typename GetProgram>
+void apply(GetProgram getProgram, VELShaderAttributes& attributes, bool& flag) {
+  VELBrushShaderController::o_enableBuffers();
+  VELBrushShaderProgram* const program = getProgram(attributes);
+  if (!program) return;
+  program->o_apply(attributes, flag);
+  VELBrushShaderController::o_reset(attributes);
+  flag = true;
+}
+
+}  // namespace
+
 void VELBrushShaderController::o_getBufferValuesForPostion(uint32_t& position, uint32_t& color,
                                                            uint32_t& texture) {
   VELOpenGLContextController::o_getBufferForPostion(position, color, texture);
@@ -23,10 +38,19 @@ void VELBrushShaderController::o_disableBuffers() {
 }
 
 void VELBrushShaderController::o_applyDefaultBrushShader(VELShaderAttributes& attributes) {
-  o_enableBuffers();
-  VELBrushShaderProgram* const program = VELOpenGLContextController::o_defaultBrushShader(attributes);
-  if (!program) return;
-  program->o_apply(attributes, attributes.sa_defaultShaderActivated);
-  o_reset(attributes);
-  attributes.sa_defaultShaderActivated = true;
+  apply(VELOpenGLContextController::o_defaultBrushShader, attributes, attributes.sa_defaultShaderActivated);
+}
+
+void VELBrushShaderController::o_applyTextureBrushShader(VELShaderAttributes& attributes) {
+  apply(VELOpenGLContextController::o_textureBrushShader, attributes, attributes.sa_textureShaderActivated);
+}
+
+void VELBrushShaderController::o_applyPalettedTextureBrushShader(VELShaderAttributes& attributes) {
+  apply(VELOpenGLContextController::o_palettedTextureBrushShader, attributes,
+        attributes.sa_palettedTextureShaderActivated);
+}
+
+void VELBrushShaderController::o_applyColoredTextureBrushShader(VELShaderAttributes& attributes) {
+  apply(VELOpenGLContextController::o_coloredTextureBrushShader, attributes,
+        attributes.sa_coloredTextureShaderActivated);
 }

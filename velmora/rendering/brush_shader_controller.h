@@ -15,5 +15,10 @@ class VELBrushShaderController {
   static void o_reset(VELShaderAttributes& attributes);
   static void o_enableBuffers();
   static void o_disableBuffers();
+  /// Make a program of the current GL context the one that draws. The textures of the brush are bound
+  /// already.
   static void o_applyDefaultBrushShader(VELShaderAttributes& attributes);
+  static void o_applyTextureBrushShader(VELShaderAttributes& attributes);
+  static void o_applyPalettedTextureBrushShader(VELShaderAttributes& attributes);
+  static void o_applyColoredTextureBrushShader(VELShaderAttributes& attributes);
 };

@@ -10,11 +10,6 @@ namespace {
 
 constexpr int32_t stride = sizeof(VELVertex);
 
-void widen(uint32_t& start, uint32_t& end, uint32_t head, uint32_t count, int32_t capacity) {
-  start = std::min(start, head);
-  end = std::min(std::max(end, head + count), static_cast<uint32_t>(capacity));
-}
-
 }  // namespace
 
 VELDrawingBuffer::VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLContext>& context) {
@@ -26,23 +21,34 @@ VELDrawingBuffer::VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLCont
   _info.dbi_indexBuffer = _indices.get();
 
   if (!context) return;
-  const VELGLContextScope scope(*context);
-  if (!scope.isCurrent()) return;
   _context = context;
-  VELGL& gl = context->gl();
+  const VELGLContextScope scope(*context);
+  if (scope.isCurrent()) p_VEL_createStores(*context);
+}
+
+void VELDrawingBuffer::p_VEL_createStores(VELGLContext& context) {
+  VELGL& gl = context.gl();
+  const auto count = static_cast<size_t>(_info.dbi_bufferSize);
+  _generation = context.generation();
   _vertexBufferId = gl.genBuffer();
   _indexBufferId = gl.genBuffer();
-  o_selectVertexBuffers();
+  gl.bindBuffer(VELGL_ARRAY_BUFFER, _vertexBufferId);
+  gl.bindBuffer(VELGL_ELEMENT_ARRAY_BUFFER, _indexBufferId);
   gl.bufferData(VELGL_ARRAY_BUFFER, count * sizeof(VELVertex), _vertices.get(), VELGL_DYNAMIC_DRAW);
   gl.bufferData(VELGL_ELEMENT_ARRAY_BUFFER, count * sizeof(uint16_t), _indices.get(), VELGL_DYNAMIC_DRAW);
+  p_VEL_forgetUpdates();
+}
+
+void VELDrawingBuffer::p_VEL_forgetUpdates() {
+  _info.dbi_vertexUpdateStart = _info.dbi_indexUpdateStart = VELEmptyUpdateStart;
+  _info.dbi_vertexUpdateEnd = _info.dbi_indexUpdateEnd = 0;
 }
 
 VELDrawingBuffer::~VELDrawingBuffer() { o_freeBuffer(); }
 
 void VELDrawingBuffer::o_clearBuffer() {
   _info.dbi_vertexHead = _info.dbi_indexHead = 0;
-  _info.dbi_vertexUpdateStart = _info.dbi_indexUpdateStart = VELEmptyUpdateStart;
-  _info.dbi_vertexUpdateEnd = _info.dbi_indexUpdateEnd = 0;
+  p_VEL_forgetUpdates();
 }
 
 void VELDrawingBuffer::o_freeBuffer() {
@@ -54,25 +60,9 @@ void VELDrawingBuffer::o_freeBuffer() {
   const auto context = _context.lock();
   if (!context) return;
   const VELGLContextScope scope(*context);
-  if (!scope.isCurrent()) return;
+  if (!scope.isCurrent() || _generation != context->generation()) return;
   context->gl().deleteBuffer(_vertexBufferId);
   context->gl().deleteBuffer(_indexBufferId);
-}
-
-bool VELDrawingBuffer::o_isEnoughSpaceForVertices(uint32_t vertices, uint32_t indices) const {
-  const auto capacity = static_cast<uint64_t>(_info.dbi_bufferSize);
-  return uint64_t{_info.dbi_vertexHead} + vertices <= capacity &&
-         uint64_t{_info.dbi_indexHead} + indices <= capacity;
-}
-
-void VELDrawingBuffer::o_addVerticesUpdateRange(uint32_t count) {
-  widen(_info.dbi_vertexUpdateStart, _info.dbi_vertexUpdateEnd, _info.dbi_vertexHead, count,
-        _info.dbi_bufferSize);
-}
-
-void VELDrawingBuffer::o_addIndicesUpdateRange(uint32_t count) {
-  widen(_info.dbi_indexUpdateStart, _info.dbi_indexUpdateEnd, _info.dbi_indexHead, count,
-        _info.dbi_bufferSize);
 }
 
 uint32_t VELDrawingBuffer::o_insertPrimitiveRestart() {
@@ -92,7 +82,9 @@ VELGL* VELDrawingBuffer::p_VEL_currentGL() const {
 
 void VELDrawingBuffer::o_selectVertexBuffers() {
   VELGL* const gl = p_VEL_currentGL();
-  if (!gl) return;
+  if (!gl || _removed) return;
+  if (VELGLContext& context = *VELGLContext::current(); _generation != context.generation())
+    return p_VEL_createStores(context);
   gl->bindBuffer(VELGL_ARRAY_BUFFER, _vertexBufferId);
   gl->bindBuffer(VELGL_ELEMENT_ARRAY_BUFFER, _indexBufferId);
 }

@@ -16,6 +16,13 @@
 /// are not. The width of a pen, added close to the end of that range, may still round to infinity.
 inline bool VELIsDrawable(double coordinate) { return std::abs(coordinate) <= double{FLT_MAX}; }
 
+inline bool VELIsDrawable(float coordinate) { return std::abs(coordinate) <= FLT_MAX; }
+/// The same of all of them.
+template <typename... Coordinates>
+bool VELAreDrawable(Coordinates... coordinates) {
+  return (VELIsDrawable(coordinates) && ...);
+}
+
 /// A shape writer. Buffer and queue belong to the render context.
 class VELDrawingPrimitive {
  public:
@@ -33,18 +40,26 @@ class VELDrawingPrimitive {
     uint16_t textureX = 0, textureY = 0;
   };
   static Tint tintAt(const VELBrush2D& brush, double x, double y) {
-    Tint tint;
-    brush.getColorCode(tint.color, tint.textureX, tint.textureY, x, y);
-    return tint;
+    // Three variables and not the fields of one Tint, which would be read back together right after being
+    // written apart: processors wait for that.
+    uint32_t color = 0;
+    uint16_t textureX = 0, textureY = 0;
+    brush.getColorCode(color, textureX, textureY, x, y);
+    return {color, textureX, textureY};
   }
   static VELVertex vertex(double x, double y, const Tint& tint) {
     return {static_cast<float>(x), static_cast<float>(y), tint.color, tint.textureX, tint.textureY};
   }
 
-  bool isConnected() const { return _buffer && _command; }
-  bool hasRoomFor(uint32_t count) const {
-    return _buffer->o_isEnoughSpaceForVertices(count + restartMargin, count + restartMargin);
+  static VELVertex vertex(float x, float y, const Tint& tint) {
+    return {x, y, tint.color, tint.textureX, tint.textureY};
   }
+
+  bool isConnected() const { return _buffer && _command; }
+  bool hasRoomFor(uint32_t vertices, uint32_t indices) const {
+    return _buffer->o_isEnoughSpaceForVertices(vertices + restartMargin, indices + restartMargin);
+  }
+  bool hasRoomFor(uint32_t count) const { return hasRoomFor(count, count); }
   uint32_t indexHead() const { return _buffer->o_getBufferInfo().dbi_indexHead; }
   /// Takes @p count vertices and the indices that number them; the caller writes the vertices.
   VELVertex* takeConsecutive(uint32_t count) {

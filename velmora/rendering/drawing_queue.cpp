@@ -10,7 +10,8 @@ void VELOpenGLDrawingQueue::o_clearQueue() {
   _areaCommands.clear();
   _currentBuffer = nullptr;
   _currentBrush.reset();
-  _lastDrawCmd = nullptr;
+  _isCurrentGradient = false;
+  _runningStrip = nullptr;
   _lastAreaCmd = nullptr;
   _lastDrawCommandType = nothing;
   _lastDrawPrimitiveType = noPrimitive;
@@ -40,43 +41,28 @@ void VELOpenGLDrawingQueue::o_addDrawingBufferCommandWithBuffer(VELDrawingBuffer
 
 // True when the brush needs neither a row in the atlas nor a shader command.
 bool VELOpenGLDrawingQueue::p_VEL_sharesState(const VELBrush2D& brush) const {
-  return brush.shaderType() != VELShaderType_LinearGradient && _currentBrush &&
-         _currentBrush->equalsToBrush(brush);
+  if (!_currentBrush || !_currentBrush->equalsToBrush(brush)) return false;
+  return brush.shaderType() != VELShaderType_LinearGradient ||
+         _shaderAttributes->sa_brushAtlas.hasRowOf(brush);
 }
 
 void VELOpenGLDrawingQueue::p_VEL_addBrush(const VELBrushPtr& brush) {
   _shaderAttributes->sa_brushAtlas.o_addBrush(brush);
   if (_currentBrush && _currentBrush->equalsToBrush(*brush)) return;
   _currentBrush = brush;
+  _isCurrentGradient = brush->shaderType() == VELShaderType_LinearGradient;
   p_VEL_append(_shaderCommands.add({brush, _shaderAttributes}), setShader);
 }
 
-void VELOpenGLDrawingQueue::o_addDrawPolylineCommandWithStart(uint32_t start, uint32_t amount, bool restart) {
+void VELOpenGLDrawingQueue::p_VEL_addPolyline(uint32_t start, uint32_t amount, bool restart) {
   p_VEL_join(polyline, restart);
   // The first point of a polyline draws nothing yet.
   if (amount != 0) p_VEL_growStrip(start, amount);
 }
 
-void VELOpenGLDrawingQueue::o_addZeroToLineAreaCommandWithStart(uint32_t start, uint32_t amount,
-                                                                bool restart) {
+void VELOpenGLDrawingQueue::p_VEL_addArea(uint32_t start, uint32_t amount, bool restart) {
   p_VEL_join(zeroToLineArea, restart);
   p_VEL_growStrip(start, amount);
-}
-
-void VELOpenGLDrawingQueue::o_addDrawLineCommandWithStart(uint32_t start, uint32_t amount) {
-  p_VEL_addSeparateShape(line, start, amount);
-}
-
-void VELOpenGLDrawingQueue::o_addDrawRectCommandWithStart(uint32_t start, uint32_t amount) {
-  p_VEL_addSeparateShape(rectangle, start, amount);
-}
-
-void VELOpenGLDrawingQueue::o_addDrawTriangleCommandWithStart(uint32_t start, uint32_t amount) {
-  p_VEL_addSeparateShape(triangle, start, amount);
-}
-
-void VELOpenGLDrawingQueue::o_addFillEllipseCommandWithStart(uint32_t start, uint32_t amount) {
-  p_VEL_addSeparateShape(filledEllipse, start, amount);
 }
 
 void VELOpenGLDrawingQueue::o_addSetDrawingAreaComandWithFrame(const VELRect& frame, const VELRect& scissor) {
@@ -103,18 +89,18 @@ void VELOpenGLDrawingQueue::p_VEL_join(PrimitiveType type, bool restart) {
 
 void VELOpenGLDrawingQueue::p_VEL_growStrip(uint32_t start, uint32_t amount) {
   if (_lastDrawCommandType == drawStrip)
-    _lastDrawCmd->o_increaseCount(static_cast<int32_t>(amount));
+    _runningStrip->o_increaseCount(static_cast<int32_t>(amount));
   else
-    p_VEL_append(_stripCommands.add(VELDrawTriangleStripCommand(start, amount)), drawStrip);
+    p_VEL_append(*(_runningStrip = &_stripCommands.add(VELDrawTriangleStripCommand(start, amount))),
+                 drawStrip);
 }
 
 void VELOpenGLDrawingQueue::p_VEL_append(VELDrawingCommand& command, CommandType type) {
   _drawingOrder.push_back(&command);
-  _lastDrawCmd = &command;
   _lastDrawCommandType = type;
 }
 
 void VELOpenGLDrawingQueue::p_VEL_insertRestart() {
   if (_currentBuffer)
-    _lastDrawCmd->o_increaseCount(static_cast<int32_t>(_currentBuffer->o_insertPrimitiveRestart()));
+    _runningStrip->o_increaseCount(static_cast<int32_t>(_currentBuffer->o_insertPrimitiveRestart()));
 }

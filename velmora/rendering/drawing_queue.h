@@ -38,14 +38,36 @@ class VELOpenGLDrawingQueue {
                                            uint32_t texture);
   template <typename Brush>
   void o_addBrushCommandWithBrush(const std::shared_ptr<Brush>& brush);
+  /// For a brush that colours vertices of a shape whose shader another brush chooses: a gradient gets its row
+  /// in the atlas, and no command is recorded.
+  void o_registerBrush(const VELBrushPtr& brush) {
+    if (brush && brush->shaderType() == VELShaderType_LinearGradient)
+      _shaderAttributes->sa_brushAtlas.o_addBrush(brush);
+  }
   /// @param restart true where the shape does not go on from the last one
-  void o_addDrawPolylineCommandWithStart(uint32_t start, uint32_t amount, bool restart);
-  void o_addDrawLineCommandWithStart(uint32_t start, uint32_t amount);
-  void o_addDrawRectCommandWithStart(uint32_t start, uint32_t amount);
-  void o_addDrawTriangleCommandWithStart(uint32_t start, uint32_t amount);
-  void o_addFillEllipseCommandWithStart(uint32_t start, uint32_t amount);
+  void o_addDrawPolylineCommandWithStart(uint32_t start, uint32_t amount, bool restart) {
+    // The common case of every point of a line: it costs one addition.
+    if (p_VEL_goesOn(polyline, restart)) return _runningStrip->o_increaseCount(static_cast<int32_t>(amount));
+    p_VEL_addPolyline(start, amount, restart);
+  }
+  void o_addDrawLineCommandWithStart(uint32_t start, uint32_t amount) {
+    p_VEL_addSeparateShape(line, start, amount);
+  }
+  void o_addDrawRectCommandWithStart(uint32_t start, uint32_t amount) {
+    p_VEL_addSeparateShape(rectangle, start, amount);
+  }
+  void o_addDrawTriangleCommandWithStart(uint32_t start, uint32_t amount) {
+    p_VEL_addSeparateShape(triangle, start, amount);
+  }
+  void o_addFillEllipseCommandWithStart(uint32_t start, uint32_t amount) {
+    p_VEL_addSeparateShape(filledEllipse, start, amount);
+  }
   /// @param restart true where the area does not go on from the last one
-  void o_addZeroToLineAreaCommandWithStart(uint32_t start, uint32_t amount, bool restart);
+  void o_addZeroToLineAreaCommandWithStart(uint32_t start, uint32_t amount, bool restart) {
+    if (p_VEL_goesOn(zeroToLineArea, restart))
+      return _runningStrip->o_increaseCount(static_cast<int32_t>(amount));
+    p_VEL_addArea(start, amount, restart);
+  }
   /// An area equal to the last one is dropped; the first one never is. (The spelling is part of the
   /// interface.)
   void o_addSetDrawingAreaComandWithFrame(const VELRect& frame, const VELRect& scissor);
@@ -67,18 +89,24 @@ class VELOpenGLDrawingQueue {
 
   bool p_VEL_sharesState(const VELBrush2D& brush) const;
   void p_VEL_addBrush(const VELBrushPtr& brush);
+  void p_VEL_addPolyline(uint32_t start, uint32_t amount, bool restart);
+  void p_VEL_addArea(uint32_t start, uint32_t amount, bool restart);
   void p_VEL_addSeparateShape(PrimitiveType type, uint32_t start, uint32_t amount);
   void p_VEL_join(PrimitiveType type, bool restart);
   void p_VEL_growStrip(uint32_t start, uint32_t amount);
+  bool p_VEL_goesOn(PrimitiveType type, bool restart) const {
+    return !restart && _lastDrawCommandType == drawStrip && _lastDrawPrimitiveType == type;
+  }
   void p_VEL_append(VELDrawingCommand& command, CommandType type);
   void p_VEL_insertRestart();
 
   std::vector<VELDrawingCommand*> _drawingOrder;
   PrimitiveType _lastDrawPrimitiveType = noPrimitive;
   CommandType _lastDrawCommandType = nothing;
-  VELDrawingCommand* _lastDrawCmd = nullptr;
+  VELDrawTriangleStripCommand* _runningStrip = nullptr;  ///< the last one, valid while it is the last command
   VELSetDrawingAreaCommand* _lastAreaCmd = nullptr;
   VELBrushPtr _currentBrush;
+  bool _isCurrentGradient = false;
   VELShaderAttributes* _shaderAttributes;
   VELDrawingBuffer* _currentBuffer = nullptr;
   VELCommandPool<VELSetDrawingBufferCommand> _bufferCommands;
@@ -90,5 +118,9 @@ class VELOpenGLDrawingQueue {
 template <typename Brush>
 inline void VELOpenGLDrawingQueue::o_addBrushCommandWithBrush(const std::shared_ptr<Brush>& brush) {
   // A polyline asks this for every point: the answer "nothing to do" must cost no reference count.
-  if (brush && brush.get() != _currentBrush.get() && !p_VEL_sharesState(*brush)) p_VEL_addBrush(brush);
+  if (!brush) return;
+  const bool isCurrent = brush.get() == _currentBrush.get();
+  // Drawn with in another context in between, a gradient knows the row that it has there.
+  if (isCurrent && (!_isCurrentGradient || _shaderAttributes->sa_brushAtlas.hasRowOf(*brush))) return;
+  if (!p_VEL_sharesState(*brush)) p_VEL_addBrush(brush);
 }

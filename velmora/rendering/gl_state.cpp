@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "velmora/platform/gl_baseline.h"
 #include "velmora/platform/gl_context.h"
 
 namespace {
@@ -19,12 +20,9 @@ void VELGLState::prepareForDrawing() {
   forget();
   VELGL* const gl = currentGL();
   if (!gl) return;
-  for (const uint32_t test : {VELGL_CULL_FACE, VELGL_DEPTH_TEST, VELGL_STENCIL_TEST, VELGL_DITHER})
-    gl->disable(test);
+  VELGLSetBaseline(*gl);
+  _blending = true;
   gl->enable(VELGL_SCISSOR_TEST);
-  // The alpha factors keep an opaque target opaque: 0-to-1 alphas never take anything away from it.
-  gl->blendFuncSeparate(VELGL_SRC_ALPHA, VELGL_ONE_MINUS_SRC_ALPHA, VELGL_ONE_MINUS_DST_ALPHA, VELGL_ONE);
-  setBlending(true);
 }
 
 void VELGLState::finishDrawing() {

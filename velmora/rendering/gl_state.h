@@ -15,8 +15,8 @@ class VELGLState {
  public:
   /// Knows nothing any more: somebody else may have changed everything.
   void forget() { *this = VELGLState(); }
-  /// What every frame of a chart starts from: clipping on, blending on, tests and dithering off. Forgets
-  /// first.
+  /// What every frame of a chart starts from: the library's baseline (platform/gl_baseline.h) with clipping
+  /// on. Forgets first.
   void prepareForDrawing();
   /// Leaves neither clipping, blending nor attribute arrays behind for whoever draws next.
   void finishDrawing();

@@ -6,9 +6,7 @@ uint32_t VELLinePrimitive::o_drawLinePrimitiveWithBrush(const VELPenPtr& pen, fl
                                                         float toX, float toY) {
   constexpr uint32_t count = 4;
   if (!isConnected()) return 0;
-  if (!pen || !VELIsDrawable(pen->strokeThickness())) return nothingOnPurpose;
-  for (const float coordinate : {fromX, fromY, toX, toY})
-    if (!VELIsDrawable(coordinate)) return nothingOnPurpose;
+  if (!pen || !VELAreDrawable(pen->strokeThickness(), fromX, fromY, toX, toY)) return nothingOnPurpose;
   if (!hasRoomFor(count)) return 0;
 
   _command->o_addBrushCommandWithBrush(pen);

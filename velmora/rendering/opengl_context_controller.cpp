@@ -6,7 +6,7 @@
 #include <memory>
 #include <unordered_map>
 
-#include "velmora/rendering/default_brush_shader_program.h"
+#include "velmora/rendering/brush_shader_programs.h"
 #include "velmora/rendering/shader_attributes.h"
 
 namespace {
@@ -71,29 +71,65 @@ bool VELOpenGLContextController::o_enableContext(const std::shared_ptr<VELGLCont
   if (registry().current) registry().current->_state.forget();
   registry().current = controller;
   controller->_state.forget();
-  if (!context->makeCurrent()) endProcess("Failed to set current OpenGL context");
-  return true;
+  if (context->makeCurrent()) return true;
+  // The driver may give a lost context back at a later refresh.
+  if (!context->isLost()) endProcess("Failed to set current OpenGL context");
+  registry().current = nullptr;
+  return false;
 }
 
 void VELOpenGLContextController::o_freeContext(const std::shared_ptr<VELGLContext>& context) {
   VELOpenGLContextController* const controller = registry().find(context.get());
   if (!controller || --controller->_registrations > 0) return;
-  if (controller->_defaultShader) {
-    const VELGLContextScope scope(*context);
-    if (scope.isCurrent()) controller->_defaultShader->o_freeShader();
-  }
+  controller->p_VEL_freeShaders(*context);
   registry().remove(*controller, context.get());
+}
+
+void VELOpenGLContextController::p_VEL_freeShaders(VELGLContext& context) {
+  // The names of a lost context mean nothing any more.
+  if (context.hasLost(_generation)) return;
+  const VELGLContextScope scope(context);
+  if (!scope.isCurrent()) return;
+  for (const auto& program : _programs)
+    if (program) program->o_freeShader();
+}
+
+template <typename Program>
+VELBrushShaderProgram* VELOpenGLContextController::p_VEL_program(ProgramKind kind,
+                                                                 const VELShaderAttributes& attributes) {
+  VELOpenGLContextController* const controller = registry().current;
+  const auto context = controller ? controller->_context.lock() : nullptr;
+  if (!context) return nullptr;
+  if (controller->_generation != context->generation()) {
+    controller->_programs = {};
+    controller->_generation = context->generation();
+  }
+  auto& program = controller->_programs[kind];
+  if (!program) {
+    program = std::make_unique<Program>(attributes);
+    program->o_compileShaderProgram();
+  }
+  return program.get();
 }
 
 VELBrushShaderProgram* VELOpenGLContextController::o_defaultBrushShader(
     const VELShaderAttributes& attributes) {
-  VELOpenGLContextController* const controller = registry().current;
-  if (!controller) return nullptr;
-  if (!controller->_defaultShader) {
-    controller->_defaultShader = std::make_unique<VELDefaultBrushShaderProgram>(attributes);
-    controller->_defaultShader->o_compileShaderProgram();
-  }
-  return controller->_defaultShader.get();
+  return p_VEL_program<VELDefaultBrushShaderProgram>(defaultProgram, attributes);
+}
+
+VELBrushShaderProgram* VELOpenGLContextController::o_textureBrushShader(
+    const VELShaderAttributes& attributes) {
+  return p_VEL_program<VELTextureBrushShaderProgram>(textureProgram, attributes);
+}
+
+VELBrushShaderProgram* VELOpenGLContextController::o_coloredTextureBrushShader(
+    const VELShaderAttributes& attributes) {
+  return p_VEL_program<VELColoredTextureBrushShaderProgram>(coloredTextureProgram, attributes);
+}
+
+VELBrushShaderProgram* VELOpenGLContextController::o_palettedTextureBrushShader(
+    const VELShaderAttributes& attributes) {
+  return p_VEL_program<VELPalettedTextureBrushShaderProgram>(palettedTextureProgram, attributes);
 }
 
 VELGLState* VELOpenGLContextController::o_currentState() {

@@ -1,6 +1,8 @@
 // rendering/opengl_context_controller.h: what the library keeps for each GL context of the platform.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -22,14 +24,18 @@ class VELMORA_API VELOpenGLContextController {
   static void o_createContext(const std::shared_ptr<VELGLContext>& context);
   /// Makes a registered context current and forgets what was known of its state. Failing logs
   /// "Failed to set current OpenGL context" and exits with 1.
-  /// @return whether the context is registered; one that is not is not made current
+  /// @return whether the context is registered; one that is not is not made current. Also false while a lost
+  /// context cannot be had again.
   static bool o_enableContext(const std::shared_ptr<VELGLContext>& context);
   /// Takes back one registration. The last one deletes its programs.
   static void o_freeContext(const std::shared_ptr<VELGLContext>& context);
 
-  /// The program of the current context, built on first use with the slots of @p attributes; null when no
-  /// context is current. Owned by the controller.
+  /// A program of the current context, built on first use with the slots of @p attributes and again after the
+  /// context was lost; null when no context is current. Owned by the controller.
   static VELBrushShaderProgram* o_defaultBrushShader(const VELShaderAttributes& attributes);
+  static VELBrushShaderProgram* o_textureBrushShader(const VELShaderAttributes& attributes);
+  static VELBrushShaderProgram* o_coloredTextureBrushShader(const VELShaderAttributes& attributes);
+  static VELBrushShaderProgram* o_palettedTextureBrushShader(const VELShaderAttributes& attributes);
   /// Known state of the current context; null when none is.
   static VELGLState* o_currentState();
 
@@ -41,10 +47,23 @@ class VELMORA_API VELOpenGLContextController {
 
  private:
   struct Registry;
+  enum ProgramKind : uint8_t {
+    defaultProgram,
+    textureProgram,
+    coloredTextureProgram,
+    palettedTextureProgram
+  };
+  static constexpr size_t programKinds = 4;
+
   static Registry& registry();
+  /// The program of a kind in the current context.
+  template <typename Program>
+  static VELBrushShaderProgram* p_VEL_program(ProgramKind kind, const VELShaderAttributes& attributes);
+  void p_VEL_freeShaders(VELGLContext& context);
 
   std::weak_ptr<VELGLContext> _context;  ///< weak: a context that is gone took its programs along
   int32_t _registrations = 0;
   VELGLState _state;
-  std::unique_ptr<VELBrushShaderProgram> _defaultShader;
+  std::array<std::unique_ptr<VELBrushShaderProgram>, programKinds> _programs;
+  uint32_t _generation = 0;  ///< of the context that the programs were built in
 };

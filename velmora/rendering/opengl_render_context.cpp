@@ -49,6 +49,8 @@ void VELOpenGLRenderContext::clear() {
   _wasChanged = true;
   _shaderAttributes.sa_brushAtlas.o_clearAtlas();
   _polylineHelper.o_reset();
+  _zeroToLineHelper.o_reset();
+  _bandHelper.o_reset();
 }
 
 void VELOpenGLRenderContext::performDrawingCommands() {
@@ -107,6 +109,57 @@ void VELOpenGLRenderContext::drawPolylineWithBrush(const VELPenPtr& pen, const V
   }
 }
 
+void VELOpenGLRenderContext::drawTriangleWithBrush(const VELBrushPtr& brush, float x1, float y1, float x2,
+                                                   float y2, float x3, float y3) {
+  p_VEL_drawWithRetry(
+      [&] { return _triangleHelper.o_drawTrianglePrimitiveWithBrush(brush, x1, y1, x2, y2, x3, y3); });
+}
+
+void VELOpenGLRenderContext::renderEllipseToBufferX(VELArrayController& xData, VELArrayController& yData,
+                                                    float radiusVertical, float radiusHorizontal,
+                                                    int32_t detalization) {
+  VELEllipsePrimitive::o_RenderEllipsePrimitiveToBufferX(xData, yData, radiusVertical, radiusHorizontal,
+                                                         detalization);
+}
+
+void VELOpenGLRenderContext::drawEllipseWithBrush(const VELBrushPtr& brush, float centerX, float centerY,
+                                                  const VELArrayController& xData,
+                                                  const VELArrayController& yData) {
+  _wasChanged = true;
+  // What no buffer takes must not cost a new one.
+  if (!_ellipseHelper.o_canDraw(xData, yData)) return;
+  p_VEL_drawWithRetry(
+      [&] { return _ellipseHelper.o_drawEllipsePrimitiveWithBrush(brush, centerX, centerY, xData, yData); });
+}
+
+void VELOpenGLRenderContext::drawSpriteWithBrush(const VELBrushPtr& brush, float fromX, float fromY,
+                                                 float toX, float toY) {
+  p_VEL_drawWithRetry(
+      [&] { return _spriteHelper.o_drawTexturedRectWithBrush(brush, fromX, fromY, toX, toY); });
+}
+
+void VELOpenGLRenderContext::beginZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y,
+                                                          float zero, bool isVertical) {
+  p_VEL_drawWithRetry(
+      [&] { return _zeroToLineHelper.o_beginZeroToLineAreaWithBrush(brush, x, y, zero, isVertical); });
+}
+
+void VELOpenGLRenderContext::extendZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y,
+                                                           float zero, bool isVertical) {
+  p_VEL_drawWithRetry(
+      [&] { return _zeroToLineHelper.o_expandZeroToLineAreaWithBrush(brush, x, y, zero, isVertical); });
+}
+
+void VELOpenGLRenderContext::beginBandAreaWithBrush1(const VELBrushPtr& brush1, const VELBrushPtr& brush2,
+                                                     float x, float y1, float y2, bool isVertical) {
+  p_VEL_drawWithRetry([&] { return _bandHelper.o_beginAreaBrush1(brush1, brush2, x, y1, y2, isVertical); });
+}
+
+void VELOpenGLRenderContext::extendBandAreaWithBrush1(const VELBrushPtr& brush1, const VELBrushPtr& brush2,
+                                                      float x, float y1, float y2, bool isVertical) {
+  p_VEL_drawWithRetry([&] { return _bandHelper.o_expandAreaBrush1(brush1, brush2, x, y1, y2, isVertical); });
+}
+
 void VELOpenGLRenderContext::beginNewPrimitive() { _drawingOrder.o_beginNewPrimitive(); }
 
 void VELOpenGLRenderContext::setDrawingArea(const VELRect& area) {
@@ -151,10 +204,10 @@ void VELOpenGLRenderContext::p_VEL_makeCurrent(VELDrawingBuffer& buffer) {
 
 void VELOpenGLRenderContext::p_VEL_o_updatePrimitivesConfiguration() {
   VELDrawingBuffer* const buffer = _drawingBuffers[_currentDrawingBuffer].get();
-  for (VELDrawingPrimitive* const primitive :
-       {static_cast<VELDrawingPrimitive*>(&_polylineHelper), static_cast<VELDrawingPrimitive*>(&_lineHelper),
-        static_cast<VELDrawingPrimitive*>(&_rectHelper)}) {
-    primitive->o_setDrawingBuffer(buffer);
-    primitive->o_setCommandQueue(&_drawingOrder);
-  }
+  const auto connect = [&](auto&... primitives) {
+    (primitives.o_setDrawingBuffer(buffer), ...);
+    (primitives.o_setCommandQueue(&_drawingOrder), ...);
+  };
+  connect(_polylineHelper, _lineHelper, _rectHelper, _triangleHelper, _zeroToLineHelper, _ellipseHelper,
+          _spriteHelper, _bandHelper);
 }

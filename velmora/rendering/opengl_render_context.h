@@ -8,14 +8,19 @@
 #include <vector>
 
 #include "velmora/platform/gl_context.h"
+#include "velmora/rendering/band_area_primitive.h"
 #include "velmora/rendering/drawing_buffer.h"
 #include "velmora/rendering/drawing_queue.h"
+#include "velmora/rendering/ellipse_primitive.h"
 #include "velmora/rendering/line_primitive.h"
 #include "velmora/rendering/matrix.h"
 #include "velmora/rendering/polyline_primitive.h"
 #include "velmora/rendering/rectangle_primitive.h"
 #include "velmora/rendering/render_context.h"
 #include "velmora/rendering/shader_attributes.h"
+#include "velmora/rendering/textured_rectangle_primitive.h"
+#include "velmora/rendering/triangle_primitive.h"
+#include "velmora/rendering/zero_to_line_area_primitive.h"
 
 /// A render context of one GL context.
 ///
@@ -44,6 +49,21 @@ class VELMORA_API VELOpenGLRenderContext final : public VELRenderContext2D {
   void extendPolylineWithBrush(const VELPenPtr& pen, float x, float y) override;
   void drawPolylineWithBrush(const VELPenPtr& pen, const VELArrayController& xData,
                              const VELArrayController& yData, int32_t startingIndex) override;
+  void drawTriangleWithBrush(const VELBrushPtr& brush, float x1, float y1, float x2, float y2, float x3,
+                             float y3) override;
+  void renderEllipseToBufferX(VELArrayController& xData, VELArrayController& yData, float radiusVertical,
+                              float radiusHorizontal, int32_t detalization) override;
+  void drawEllipseWithBrush(const VELBrushPtr& brush, float centerX, float centerY,
+                            const VELArrayController& xData, const VELArrayController& yData) override;
+  void drawSpriteWithBrush(const VELBrushPtr& brush, float fromX, float fromY, float toX, float toY) override;
+  void beginZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y, float zero,
+                                    bool isVertical) override;
+  void extendZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y, float zero,
+                                     bool isVertical) override;
+  void beginBandAreaWithBrush1(const VELBrushPtr& brush1, const VELBrushPtr& brush2, float x, float y1,
+                               float y2, bool isVertical) override;
+  void extendBandAreaWithBrush1(const VELBrushPtr& brush1, const VELBrushPtr& brush2, float x, float y1,
+                                float y2, bool isVertical) override;
   void beginNewPrimitive() override;
   void setDrawingArea(const VELRect& area) override;
 
@@ -83,6 +103,11 @@ class VELMORA_API VELOpenGLRenderContext final : public VELRenderContext2D {
   VELPolylinePrimitive _polylineHelper;
   VELLinePrimitive _lineHelper;
   VELRectanglePrimitive _rectHelper;
+  VELTrianglePrimitive _triangleHelper;
+  VELZeroToLineAreaPrimitive _zeroToLineHelper;
+  VELEllipsePrimitive _ellipseHelper;
+  VELTexturedRectanglePrimitive _spriteHelper;
+  VELBandAreaPrimitive _bandHelper;
   bool _hasGLStores = true;  ///< of every buffer; without them there is nothing that a replay could draw
   bool _wasChanged = false;
   float _sizeScale = 1.0f;

@@ -16,6 +16,28 @@ namespace {
 constexpr int32_t sampleCount = 4;
 // The drawing plane lies at −7, between the near and the far plane.
 constexpr float nearPlane = 4.0f, farPlane = 10.0f, drawingPlane = -7.0f;
+// Parts of a pixel that are the rounding of scales and frames, no pixel of their own.
+constexpr double pixelSlack = 1.0 / 256.0;
+
+/// Points of a side that can be drawn.
+double drawable(double points) { return std::isfinite(points) && points > 0.0 ? points : 0.0; }
+
+/// Whole pixels that a side touches.
+int32_t touchedPixels(double points, double scale) {
+  return VELSaturate<int32_t>(std::ceil(points * scale - pixelSlack));
+}
+
+/// Points that reach to the end of the last pixel.
+double pointsOf(double points, double scale) {
+  const int32_t pixels = touchedPixels(points, scale);
+  return std::abs(pixels - points * scale) <= pixelSlack ? points : pixels / scale;
+}
+
+/// The same for a clip box, which is cut to whole pixels and has to arrive there.
+double clippedPointsOf(double points, double scale) {
+  const int32_t pixels = touchedPixels(points, scale);
+  return VELSaturate<int32_t>(points * scale) == pixels ? points : (pixels + pixelSlack / 4.0) / scale;
+}
 
 bool checkFramebuffer(VELGL& gl, uint32_t framebuffer) {
   gl.bindFramebuffer(VELGL_FRAMEBUFFER, framebuffer);
@@ -37,7 +59,6 @@ std::shared_ptr<VELOpenGLRenderSurface> VELOpenGLRenderSurface::initWithFrame(co
   if (!host.glContext()) return nullptr;
   auto surface = std::make_shared<VELOpenGLRenderSurface>(Key(), frame, host);
   VELOpenGLContextController::o_createContext(surface->_context);
-  surface->p_VEL_setUpFramebuffers();
   surface->p_VEL_setUpDisplayLink(host.displayLink());
   surface->p_VEL_createContexts();
   surface->layoutSubviews();
@@ -48,12 +69,13 @@ VELOpenGLRenderSurface::VELOpenGLRenderSurface(Key, const VELRect& frame, VELHos
     : VELRenderSurfaceBase(frame),
       _context(host.glContext()),
       _layer(std::make_unique<VELGLLayer>(_context)),
-      _contentScale(static_cast<float>(host.contentScale())) {}
+      _contentScale(static_cast<float>(host.contentScale())),
+      _pixelScale(_contentScale) {}
 
 VELOpenGLRenderSurface::~VELOpenGLRenderSurface() {
   {
     const VELGLContextScope scope(*_context);
-    if (scope.isCurrent()) p_VEL_deleteFramebuffers();
+    if (scope.isCurrent() && !_context->hasLost(_generation)) p_VEL_deleteFramebuffers();
   }
   // While the GL context is still registered: contexts make it current to give their buffers back.
   addRenderContext(nullptr);
@@ -62,10 +84,20 @@ VELOpenGLRenderSurface::~VELOpenGLRenderSurface() {
   VELOpenGLRenderSurface::free();
 }
 
+// False when nothing can be drawn now, as while the driver of a lost context is not back. After the loss
+// there are framebuffers again, without storage.
+bool VELOpenGLRenderSurface::p_VEL_enterContext() {
+  if (!VELOpenGLContextController::o_enableContext(_context)) return false;
+  if (_context->hasLost(_generation)) p_VEL_setUpFramebuffers();
+  return true;
+}
+
 void VELOpenGLRenderSurface::p_VEL_setUpFramebuffers() {
-  VELOpenGLContextController::o_enableContext(_context);
   VELGL& gl = _context->gl();
+  _generation = _context->generation();
   _framebuffer = gl.genFramebuffer();
+  _sampleFramebuffer = _sampleColorRenderbuffer = 0;
+  _samplesAreComplete = false;
   if (!gl.hasMultisampling()) return;
   _sampleFramebuffer = gl.genFramebuffer();
   _sampleColorRenderbuffer = gl.genRenderbuffer();
@@ -81,7 +113,7 @@ void VELOpenGLRenderSurface::p_VEL_setUpDisplayLink(const std::shared_ptr<VELDis
 
 std::shared_ptr<VELOpenGLRenderContext> VELOpenGLRenderSurface::p_VEL_createContext() {
   auto context = std::make_shared<VELOpenGLRenderContext>(_drawingBufferSize, _context);
-  context->setSizeScale(_contentScale);
+  context->setSizeScale(_pixelScale);
   context->setParentRenderSurface(std::static_pointer_cast<VELOpenGLRenderSurface>(shared_from_this()));
   return context;
 }
@@ -118,40 +150,66 @@ void VELOpenGLRenderSurface::p_VEL_deleteFramebuffers() {
   gl.deleteRenderbuffer(_sampleColorRenderbuffer);
 }
 
+void VELOpenGLRenderSurface::contentScaleChanged(double pixelsPerPoint) {
+  if (!std::isfinite(pixelsPerPoint) || !(pixelsPerPoint > 0.0)) return;
+  _contentScale = static_cast<float>(pixelsPerPoint);
+  invalidateElement();
+}
+
 void VELOpenGLRenderSurface::layoutSubviews() {
-  const double width = frame().width, height = frame().height;
-  // Whole or not: cut to whole points, the same picture would be stretched over the same pixels.
-  _projectionFrame = {-width / 2.0, -height / 2.0, width, height};
-  if (!VELOpenGLContextController::o_enableContext(_context)) return;
+  if (!p_VEL_enterContext()) return;
+  const int32_t formerWidth = _width, formerHeight = _height;
+  const float formerScale = _pixelScale;
+  p_VEL_allocateStorage();
+  // Stretched later, pixels are no measure.
+  const bool fits = _pixelScale == _contentScale;
+  const VELSize drawn = {drawable(frame().width), drawable(frame().height)};
+  const auto scale = double{_pixelScale};
+  const VELSize size = fits ? VELSize{pointsOf(drawn.width, scale), pointsOf(drawn.height, scale)} : drawn;
+  _projectionFrame = {-size.width / 2.0, -size.height / 2.0, size.width, size.height};
+  for (const auto* context : {&renderContext(), &modifierContext(), &backgroundContext()})
+    if (auto* const recorded = dynamic_cast<VELOpenGLRenderContext*>(context->get()))
+      recorded->setSizeScale(_pixelScale);
+  // New storage is empty, and every recorded drawing area was measured from the old bottom edge.
+  if (_width != formerWidth || _height != formerHeight || _pixelScale != formerScale) invalidateElement();
+}
+
+void VELOpenGLRenderSurface::p_VEL_allocateStorage() {
   VELGL& gl = _context->gl();
-  const double scale = double{_contentScale};
-  _layer->allocate(VELSaturate<int32_t>(std::round(width * scale)),
-                   VELSaturate<int32_t>(std::round(height * scale)));
-  const bool sameSize = _width == _layer->width() && _height == _layer->height();
+  const double width = drawable(frame().width), height = drawable(frame().height);
+  const double largest = _layer->largestSide();
+  const double longest = std::max(width, height);
+  const bool fits = longest * double{_contentScale} <= largest;
+  const double scale = fits ? double{_contentScale} : largest / longest;
+  _pixelScale = static_cast<float>(scale);
+  _layer->allocate(touchedPixels(width, scale), touchedPixels(height, scale));
   _width = _layer->width();
   _height = _layer->height();
 
   gl.bindFramebuffer(VELGL_FRAMEBUFFER, _framebuffer);
   _layer->attachToFramebuffer();
   checkFramebuffer(gl, _framebuffer);
-  if (_sampleFramebuffer != 0) {
-    gl.bindFramebuffer(VELGL_FRAMEBUFFER, _sampleFramebuffer);
-    gl.bindRenderbuffer(_sampleColorRenderbuffer);
-    gl.renderbufferStorageMultisample(sampleCount, VELGL_RGBA8, _width, _height);
-    gl.framebufferRenderbuffer(VELGL_FRAMEBUFFER, VELGL_COLOR_ATTACHMENT0, _sampleColorRenderbuffer);
-    // Without memory for the samples the frame is drawn without them.
-    _samplesAreComplete = checkFramebuffer(gl, _sampleFramebuffer);
-  }
-  // New storage is empty, and every recorded drawing area was measured from the old bottom edge.
-  if (!sameSize) invalidateElement();
+  if (_sampleFramebuffer == 0) return;
+  gl.bindFramebuffer(VELGL_FRAMEBUFFER, _sampleFramebuffer);
+  gl.bindRenderbuffer(_sampleColorRenderbuffer);
+  gl.renderbufferStorageMultisample(sampleCount, VELGL_RGBA8, _width, _height);
+  gl.framebufferRenderbuffer(VELGL_FRAMEBUFFER, VELGL_COLOR_ATTACHMENT0, _sampleColorRenderbuffer);
+  // Without memory for the samples the frame is drawn without them.
+  _samplesAreComplete = checkFramebuffer(gl, _sampleFramebuffer);
 }
 
 void VELOpenGLRenderSurface::compose(VELComposer& composer, const VELRect& frameInRoot) {
-  if (_layer->presentedCount() > 0) composer.composeLayer(*_layer, frameInRoot);
+  if (_layer->isPresented()) composer.composeLayer(*_layer, frameInRoot);
+}
+
+bool VELOpenGLRenderSurface::needsDisplay() const {
+  return !_freed && (VELRenderSurfaceBase::needsDisplay() || !_layer->isPresented());
 }
 
 void VELOpenGLRenderSurface::onRenderTimeElapsed() {
-  const bool wasNeeded = needRedraw();
+  // Delegate and callback may let go of the surface.
+  const auto alive = weak_from_this().lock();
+  const bool wasNeeded = needRedraw() || !_layer->isPresented();
   VELRenderSurfaceBase::onRenderTimeElapsed();
   if (!wasNeeded && reduceGPUFrames()) return;
   if (p_VEL_renderOpenGL()) p_VEL_callRendered(wasNeeded ? 1 : 2);
@@ -163,7 +221,8 @@ bool VELOpenGLRenderSurface::p_VEL_usesMultisampling() const {
 
 bool VELOpenGLRenderSurface::p_VEL_renderOpenGL() {
   // The delegate may have freed the surface while it drew.
-  if (_freed || !VELOpenGLContextController::o_enableContext(_context)) return false;
+  if (_freed || !p_VEL_enterContext()) return false;
+  if (_layer->texture() == 0) layoutSubviews();
   VELGL& gl = _context->gl();
   VELGLState& state = *VELOpenGLContextController::o_currentState();
   state.prepareForDrawing();
@@ -178,6 +237,11 @@ bool VELOpenGLRenderSurface::p_VEL_renderOpenGL() {
   state.setScissor(0, 0, _width, _height);
   if (p_VEL_usesMultisampling()) p_VEL_resolveMultisampling();
   state.finishDrawing();
+#ifndef NDEBUG
+  _context->checkErrors();
+#endif
+  // What was drawn after a loss is nothing; the next refresh draws it again.
+  if (_context->checkLost()) return false;
   _layer->present();
   return true;
 }
@@ -215,8 +279,11 @@ void VELOpenGLRenderSurface::drawBackground(VELRenderContext2D& context, const V
   const VELBrushPtr& seriesBackground = style.seriesBackgroundBrush();
   const VELPenPtr& border = style.borderPen();
   if (!background && !seriesBackground && !border) return;
-  // The surface stands at the origin of its drawing, wherever it stands in its parent.
-  const VELRect whole = {0.0, 0.0, frame().width, frame().height};
+  // The surface stands at the origin of its drawing, wherever it stands in its parent, and no pixel of it
+  // shows what lies behind.
+  const auto scale = double{_pixelScale};
+  const VELRect whole = {0.0, 0.0, clippedPointsOf(drawable(frame().width), scale),
+                         clippedPointsOf(drawable(frame().height), scale)};
   const VELRect chart = chartFrame();
   context.setDrawingArea(whole);
   const auto left = static_cast<float>(chart.x), top = static_cast<float>(chart.y);

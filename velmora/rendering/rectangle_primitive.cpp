@@ -1,27 +1,23 @@
 #include "velmora/rendering/rectangle_primitive.h"
 
-#include <array>
-
 uint32_t VELRectanglePrimitive::o_drawRectPrimitiveWithBrush(const VELBrushPtr& brush, float fromX,
                                                              float fromY, float toX, float toY) {
   constexpr uint32_t count = 4;
   if (!isConnected()) return 0;
-  if (!brush) return nothingOnPurpose;
-  for (const float coordinate : {fromX, fromY, toX, toY})
-    if (!VELIsDrawable(coordinate)) return nothingOnPurpose;
+  if (!brush || !VELAreDrawable(fromX, fromY, toX, toY)) return nothingOnPurpose;
   if (!hasRoomFor(count)) return 0;
 
   _command->o_addBrushCommandWithBrush(brush);
   _command->o_addDrawRectCommandWithStart(indexHead(), count);
-  struct Corner {
-    float x, y;
-  };
-  const std::array<Corner, count> corners = {{{fromX, fromY}, {toX, fromY}, {fromX, toY}, {toX, toY}}};
   const bool variative = brush->variativeColor();
-  const Tint whole = tintAt(*brush, fromX, fromY);
+  const Tint first = tintAt(*brush, fromX, fromY);
+  const auto corner = [&](float x, float y) {
+    return vertex(x, y, variative ? tintAt(*brush, x, y) : first);
+  };
   VELVertex* const vertices = takeConsecutive(count);
-  for (size_t i = 0; i < corners.size(); ++i)
-    vertices[i] =
-        vertex(corners[i].x, corners[i].y, variative ? tintAt(*brush, corners[i].x, corners[i].y) : whole);
+  vertices[0] = vertex(fromX, fromY, first);
+  vertices[1] = corner(toX, fromY);
+  vertices[2] = corner(fromX, toY);
+  vertices[3] = corner(toX, toY);
   return count;
 }

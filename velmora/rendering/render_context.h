@@ -35,6 +35,21 @@ class VELMORA_API VELRenderContext2D {
   /// A filled rectangle between two opposite corners.
   virtual void drawRectWithBrush(const VELBrushPtr& brush, float fromX, float fromY, float toX,
                                  float toY) = 0;
+  /// A filled triangle.
+  virtual void drawTriangleWithBrush(const VELBrushPtr& brush, float x1, float y1, float x2, float y2,
+                                     float x3, float y3) = 0;
+  /// The outline of an ellipse around (0, 0) as points, from angle 0 on; draws nothing.
+  /// @param xData, yData emptied, then filled; unless both hold 32-bit floats they stay empty
+  /// @param detalization number of points
+  virtual void renderEllipseToBufferX(VELArrayController& xData, VELArrayController& yData,
+                                      float radiusVertical, float radiusHorizontal, int32_t detalization) = 0;
+  /// A filled ellipse around a centre, from an outline as `renderEllipseToBufferX` gives it. Columns that are
+  /// no 32-bit floats or differ in length draw nothing.
+  virtual void drawEllipseWithBrush(const VELBrushPtr& brush, float centerX, float centerY,
+                                    const VELArrayController& xData, const VELArrayController& yData) = 0;
+  /// A rectangle filled with the whole texture of a texture brush.
+  virtual void drawSpriteWithBrush(const VELBrushPtr& brush, float fromX, float fromY, float toX,
+                                   float toY) = 0;
   /// Starts a polyline at a point.
   virtual void beginPolylineWithBrush(const VELPenPtr& pen, float x, float y) = 0;
   /// The next point of the polyline. A point that is not finite leaves a gap.
@@ -44,6 +59,22 @@ class VELMORA_API VELRenderContext2D {
   /// @param startingIndex ignored on purpose: a polyline is always drawn from its first point
   virtual void drawPolylineWithBrush(const VELPenPtr& pen, const VELArrayController& xData,
                                      const VELArrayController& yData, int32_t startingIndex) = 0;
+  /// Starts the filled area between a line and a base.
+  /// @param zero coordinate of the base: a y, on a vertical chart an x
+  virtual void beginZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y, float zero,
+                                            bool isVertical) = 0;
+  /// The next point of the line. A point that is not finite leaves a gap.
+  virtual void extendZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y, float zero,
+                                             bool isVertical) = 0;
+  /// Starts the filled band between two lines.
+  /// @param brush1 colours it where the second line has the larger coordinate, @p brush2 elsewhere; on a
+  ///        vertical chart where the first line has it
+  /// @param x place along the X axis: a y on the screen of a vertical chart, where @p y1 and @p y2 are x
+  virtual void beginBandAreaWithBrush1(const VELBrushPtr& brush1, const VELBrushPtr& brush2, float x,
+                                       float y1, float y2, bool isVertical) = 0;
+  /// The next pair of points. A point that is not finite leaves a gap.
+  virtual void extendBandAreaWithBrush1(const VELBrushPtr& brush1, const VELBrushPtr& brush2, float x,
+                                        float y1, float y2, bool isVertical) = 0;
   /// Tells that the next shape is unrelated to the last one.
   virtual void beginNewPrimitive() = 0;
   /// Origin and clip of what is drawn from here on; in points, relative to the surface.

@@ -31,7 +31,8 @@ class VELMORA_API VELRenderSurfaceBase : public VELView, public VELRenderSurface
   void setModifierContextInvalidated(bool invalidated) { _modifierContextInvalidated = invalidated; }
   /// True when a context was invalidated and not redrawn since.
   bool needRedraw() const { return _renderContextInvalidated || _modifierContextInvalidated; }
-  bool needsDisplay() const override { return needRedraw(); }
+  /// True when a context was invalidated, and for as long as every refresh draws.
+  bool needsDisplay() const override { return needRedraw() || !_reduceGPUFrames; }
   /// One refresh of the display: asks the delegate for what is invalidated.
   virtual void onRenderTimeElapsed();
 

@@ -10,6 +10,13 @@
 #include "velmora/platform/exception.h"
 #include "velmora/surface/chart_surface.h"
 #include "velmora/surface/render_pass_data.h"
+#include "velmora/surface/series_info.h"
+
+namespace {
+std::string cursorText(const std::shared_ptr<VELAxisBase>& axis, double value) {
+  return axis ? axis->formatCursorText(axis->labelValue(value)) : std::string();
+}
+}  // namespace
 
 VELRenderableSeriesBase::VELRenderableSeriesBase()
     : _xAxisId(VELAxisBase::defaultAxisId), _yAxisId(VELAxisBase::defaultAxisId) {}
@@ -103,6 +110,24 @@ VELRangePtr VELRenderableSeriesBase::getXRange() const {
 
 VELRangePtr VELRenderableSeriesBase::getYRange(const VELRange& xRange, bool positive) const {
   return _dataSeries ? _dataSeries->getWindowYRangeWithXRange(xRange, positive) : nullptr;
+}
+
+std::shared_ptr<VELSeriesInfo> VELRenderableSeriesBase::toSeriesInfoWithHitTest(
+    const VELHitTestInfo& hitTest) const {
+  auto info = std::make_shared<VELSeriesInfo>();
+  info->series = std::const_pointer_cast<VELRenderableSeriesBase>(weak_from_this().lock());
+  if (_dataSeries) info->seriesName = _dataSeries->seriesName();
+  info->seriesColor = seriesColor();
+  info->hitTest = hitTest;
+  if (!hitTest.hasPoint()) return info;
+  info->xText = cursorText(_xAxis, hitTest.xValue);
+  info->yText = cursorText(_yAxis, hitTest.yValue);
+  return info;
+}
+
+void VELRenderableSeriesBase::setPaletteProvider(const std::shared_ptr<VELPaletteProvider>& palette) {
+  _paletteProvider = palette;
+  invalidateParentSurface();
 }
 
 void VELRenderableSeriesBase::invalidateParentSurface() {

@@ -26,6 +26,12 @@ class VELMORA_API VELRenderableSeriesBase : public VELRenderableSeries,
   void onParentSurfaceViewportSizeChanged() override {}
   /// @throws VELInternalInconsistencyException: every kind of series overrides it
   void internalDrawWithContext(VELRenderContext2D& context, const VELRenderPassData& data) override;
+  /// None here.
+  std::shared_ptr<VELHitTestProvider> hitTestProvider() const override { return nullptr; }
+  /// Name, colour and place, and the values as the axes of the last pass write them for a cursor.
+  std::shared_ptr<VELSeriesInfo> toSeriesInfoWithHitTest(const VELHitTestInfo& hitTest) const override;
+  /// Transparent black here.
+  VELColor seriesColor() const override { return VELColor::fromColorCode(0); }
   void prepareForDrawing() override {}
 
   double getYZeroCoord() const override;
@@ -57,6 +63,8 @@ class VELMORA_API VELRenderableSeriesBase : public VELRenderableSeries,
   /// Data value of the zero line; NaN for none.
   double zeroLineY() const override { return _zeroLineY; }
   void setZeroLineY(double value) override { _zeroLineY = value; }
+  std::shared_ptr<VELPaletteProvider> paletteProvider() const override { return _paletteProvider; }
+  void setPaletteProvider(const std::shared_ptr<VELPaletteProvider>& palette) override;
   std::shared_ptr<VELAxisBase> xAxis() const override { return _xAxis; }
   void setXAxis(const std::shared_ptr<VELAxisBase>& axis) override { _xAxis = axis; }
   std::shared_ptr<VELAxisBase> yAxis() const override { return _yAxis; }
@@ -88,4 +96,5 @@ class VELMORA_API VELRenderableSeriesBase : public VELRenderableSeries,
   std::weak_ptr<VELChartSurface> _parentSurface;
   std::shared_ptr<const VELRenderPassData> _currentRenderPassData;
   double _zeroLineY = std::numeric_limits<double>::quiet_NaN();
+  std::shared_ptr<VELPaletteProvider> _paletteProvider;
 };

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <limits>
-#include <vector>
+#include <utility>
 
 #include "velmora/axes/axis_renderer.h"
 #include "velmora/data/data_series.h"
+#include "velmora/data/recycled.h"
 #include "velmora/data/resampler.h"
 #include "velmora/data/saturate.h"
 #include "velmora/platform/exception.h"
@@ -35,6 +36,14 @@ void capture(const VELAxisCollection* axes, VELRenderPassInfo::Calculators& calc
   });
 }
 
+// Whether the surface still has a series that stood at a place of its list when the pass was prepared.
+bool isAttached(const VELChartSurface& surface, const std::shared_ptr<VELRenderableSeries>& series,
+                size_t place) {
+  const auto& all = surface.renderableSeries();
+  if (place < all.size() && all[place] == series) return true;
+  return std::find(all.begin(), all.end(), series) != all.end();
+}
+
 // Looks at the X axes first and at the Y axes only when no X axis was found.
 template <typename Predicate>
 bool anyAxis(const VELChartSurface& surface, Predicate holds) {
@@ -57,11 +66,15 @@ uint32_t VELChartRenderer::o_renderLoop(VELRenderContext2D* context) {
   // Meant: a frame too small to draw leaves the last picture where it is, so nothing is cleared here.
   if (!p_VEL_o_isSurfaceValid(*surface, frame.size(), errorCode) || !context) return errorCode;
 
-  const auto info = p_VEL_o_prepareRenderDataWithSurface(*surface, frame.size());
+  auto info = p_VEL_o_prepareRenderDataWithSurface(*surface, frame.size());
   context->clear();
   VELAxisRenderer::o_onDrawAxes(*surface, *context);
   o_onDrawSeriesToSurface(*surface, *info, *context);
   o_secondaryRenderLoop();
+  if (info.use_count() == 1) {
+    info->clear();
+    _idleInfo = std::move(info);
+  }
   return errorCode;
 }
 
@@ -131,9 +144,9 @@ VELRect VELChartRenderer::p_VEL_o_layoutVelmora(const VELChartSurface* surface) 
 std::shared_ptr<VELRenderPassInfo> VELChartRenderer::p_VEL_o_prepareRenderDataWithSurface(
     const VELChartSurface& surface, const VELSize& size) {
   // Read once: series that are added during the pass wait for the next one.
-  const VELChartSurface::SeriesList series(surface.renderableSeries().begin(),
-                                           surface.renderableSeries().end());
-  auto info = std::make_shared<VELRenderPassInfo>();
+  SeriesList series = std::exchange(_idleSeries, {});
+  series.assign(surface.renderableSeries().begin(), surface.renderableSeries().end());
+  auto info = _idleInfo ? std::exchange(_idleInfo, nullptr) : std::make_shared<VELRenderPassInfo>();
   info->setViewportSize(size);
   constexpr double kEpsilon = std::numeric_limits<double>::epsilon();
   if (size.width < kEpsilon || size.height < kEpsilon) return info;
@@ -142,18 +155,21 @@ std::shared_ptr<VELRenderPassInfo> VELChartRenderer::p_VEL_o_prepareRenderDataWi
   p_VEL_o_prepareXAxes(surface);
   capture(surface.yAxes(), info->yCalculators());
   capture(surface.xAxes(), info->xCalculators());
-  for (const auto& one : series) {
-    // What is drawn or formatted on the way may take the axes from the surface.
-    if (!one || !surface.xAxes()) continue;
+  for (size_t i = 0; i < series.size(); ++i) {
+    const auto& one = series[i];
+    // What prepares itself on the way may take series and axes from the surface.
+    if (!one || !surface.xAxes() || !isAttached(surface, one, i)) continue;
     std::shared_ptr<VELDataSeries> data;
     std::shared_ptr<VELIndexRange> range;
     std::shared_ptr<VELPointSeries> points;
     p_VEL_o_resampleSeriesWithXAxis(*surface.xAxes(), *one, size.width, resampler, data, range, points);
-    info->addRenderPassData(std::make_shared<VELRenderPassData>(
-        std::move(range), std::move(points), data, one, find(info->yCalculators(), one->yAxisId()),
-        find(info->xCalculators(), one->xAxisId())));
+    info->addRenderPassData(VELMakeRecycled<VELRenderPassData>(std::move(range), std::move(points), data, one,
+                                                               find(info->yCalculators(), one->yAxisId()),
+                                                               find(info->xCalculators(), one->xAxisId())));
     one->prepareForDrawing();
   }
+  series.clear();
+  _idleSeries = std::move(series);
   return info;
 }
 
@@ -181,7 +197,7 @@ void VELChartRenderer::p_VEL_o_resampleSeriesWithXAxis(const VELAxisCollection& 
   axis->assertDataType(outDataSeries->xType());
   const VELRangePtr visible = axis->visibleRange();
   if (!visible) return;
-  outPointRange = std::make_shared<VELIndexRange>();
+  outPointRange = VELMakeRecycled<VELIndexRange>();
   outDataSeries->getIndicesRangeWithVisibleRange(*visible, *outPointRange);
   int32_t min = VELGenericInt(outPointRange->min());
   int32_t max = VELGenericInt(outPointRange->max());
@@ -203,11 +219,12 @@ void VELChartRenderer::o_onDrawSeriesToSurface(const VELChartSurface& surface, c
                                                VELRenderContext2D& context) {
   const auto renderSurface = context.parentRenderSurface();
   context.setDrawingArea(renderSurface ? renderSurface->chartFrame() : VELRect{});
-  std::vector<int32_t> selected;
+  std::vector<int32_t> selected = std::exchange(_idleSelected, {});
   for (int32_t i = 0; i < info.renderPassDataCount(); ++i) {
     const auto data = info.renderPassDataAt(i);
     const auto series = data ? data->renderableSeries() : nullptr;
     if (!series || !surface.xAxes() || !surface.yAxes()) continue;
+    if (!isAttached(surface, series, static_cast<size_t>(i))) continue;
     series->setXAxis(surface.xAxes()->getAxisById(series->xAxisId(), true));
     series->setYAxis(surface.yAxes()->getAxisById(series->yAxisId(), true));
     if (series->isSelected())
@@ -215,7 +232,14 @@ void VELChartRenderer::o_onDrawSeriesToSurface(const VELChartSurface& surface, c
     else
       o_drawSeriesToSurface(surface, data, context);
   }
-  for (const int32_t i : selected) o_drawSeriesToSurface(surface, info.renderPassDataAt(i), context);
+  for (const int32_t i : selected) {
+    const auto data = info.renderPassDataAt(i);
+    const auto series = data ? data->renderableSeries() : nullptr;
+    if (series && isAttached(surface, series, static_cast<size_t>(i)))
+      o_drawSeriesToSurface(surface, data, context);
+  }
+  selected.clear();
+  _idleSelected = std::move(selected);
 }
 
 void VELChartRenderer::o_drawSeriesToSurface(const VELChartSurface&,

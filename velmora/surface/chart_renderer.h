@@ -1,10 +1,12 @@
 // surface/chart_renderer.h: which steps make one frame of a chart, and in what order.
 //
-// The renderer keeps nothing between passes. Units: points.
+// The renderer keeps nothing of a pass but the memory that it took, so that a steady one allocates nothing.
+// Units: points.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "velmora/axes/axis_collection.h"
 #include "velmora/data/point_series.h"
@@ -73,7 +75,8 @@ class VELMORA_API VELChartRenderer {
                                               std::shared_ptr<VELIndexRange>& outPointRange,
                                               std::shared_ptr<VELPointSeries>& outResampledSeries);
 
-  /// All series in order, the selected ones last and so on top.
+  /// All series in order, the selected ones last and so on top. One that was detached since the pass was
+  /// prepared, by what another one calls while it draws, is left out.
   void o_onDrawSeriesToSurface(const VELChartSurface& surface, const VELRenderPassInfo& info,
                                VELRenderContext2D& context);
   /// One series; without both calculators it is skipped.
@@ -87,5 +90,11 @@ class VELMORA_API VELChartRenderer {
   void o_prepareYAxes(const VELChartSurface& surface, const VELRenderPassInfo& info);
 
  private:
+  using SeriesList = std::vector<std::shared_ptr<VELRenderableSeries>>;
+
   std::weak_ptr<VELChartSurface> _parent;
+  // Empty but for their memory. Whoever needs one takes it out: one pass inside another gets its own.
+  std::shared_ptr<VELRenderPassInfo> _idleInfo;
+  SeriesList _idleSeries;
+  std::vector<int32_t> _idleSelected;
 };

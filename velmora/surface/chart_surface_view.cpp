@@ -100,6 +100,12 @@ bool VELChartSurfaceView::p_VEL_setupSubViews(VELHost& host) {
   return true;
 }
 
+void VELChartSurfaceView::contentScaleChanged(double pixelsPerPoint) {
+  if (!(pixelsPerPoint > 0.0) || !std::isfinite(pixelsPerPoint) || pixelsPerPoint == _contentScale) return;
+  _contentScale = pixelsPerPoint;
+  if (_surface) _surface->invalidateElement();
+}
+
 void VELChartSurfaceView::applyStandardLook() {
   const VELVisualStyle& look = VELVisualStyle::standard();
   const auto& style = _surface->style();

@@ -119,13 +119,15 @@ class VELMORA_API VELChartSurfaceView : public VELChartSurfaceViewBase {
   const std::shared_ptr<VELChartSurface>& surface() const { return _surface; }
   /// The label above the chart; shows the surface's chart title.
   const std::shared_ptr<VELLabelView>& titleLabel() const { return _titleLabel; }
-  /// Pixels per point of the host.
+  /// Pixels per point of the screen that shows the view.
   double contentScale() const { return _contentScale; }
 
   void layoutSubviews() override;
 
  protected:
   void placeSubviews() override;
+  /// Draws anew for the new density; one that is not positive and finite is ignored.
+  void contentScaleChanged(double pixelsPerPoint) override;
 
  private:
   VELChartSurfaceView(const VELRect& frame, double contentScale);

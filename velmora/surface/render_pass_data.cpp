@@ -1,6 +1,10 @@
 #include "velmora/surface/render_pass_data.h"
 
+#include <limits>
 #include <utility>
+
+#include "velmora/data/data_series.h"
+#include "velmora/surface/renderable_series.h"
 
 VELRenderPassData::VELRenderPassData(std::shared_ptr<VELIndexRange> pointRange,
                                      std::shared_ptr<VELPointSeries> pointSeries,
@@ -17,4 +21,19 @@ VELRenderPassData::VELRenderPassData(std::shared_ptr<VELIndexRange> pointRange,
 
 bool VELRenderPassData::isVerticalChart() const {
   return !(_xCoordinateCalculator && _xCoordinateCalculator->isHorizontalAxisCalculator());
+}
+
+std::shared_ptr<VELRange> VELRenderPassData::xDataRange() const {
+  const auto data = dataSeries();
+  return data ? data->getXRange() : nullptr;
+}
+
+std::shared_ptr<VELRange> VELRenderPassData::yDataRange() const {
+  const auto data = dataSeries();
+  return data ? data->getYRange() : nullptr;
+}
+
+double VELRenderPassData::zeroLineY() const {
+  const auto series = renderableSeries();
+  return series ? series->zeroLineY() : std::numeric_limits<double>::quiet_NaN();
 }

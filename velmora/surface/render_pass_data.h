@@ -37,6 +37,9 @@ class VELMORA_API VELRenderPassData : public VELBrushPassData {
   }
   /// True when there is no horizontal X calculator.
   bool isVerticalChart() const override;
+  std::shared_ptr<VELRange> xDataRange() const override;
+  std::shared_ptr<VELRange> yDataRange() const override;
+  double zeroLineY() const override;
 
  private:
   std::shared_ptr<VELIndexRange> _pointRange;

@@ -15,3 +15,11 @@ void VELRenderPassInfo::setRenderPassData(std::shared_ptr<const VELRenderPassDat
   if (index < 0 || index >= renderPassDataCount()) return;
   _renderData[static_cast<size_t>(index)] = std::move(data);
 }
+
+void VELRenderPassInfo::clear() {
+  _xCalculators.clear();
+  _yCalculators.clear();
+  _renderData.clear();
+  _viewportSize = {};
+  _viewportOrigin = {};
+}

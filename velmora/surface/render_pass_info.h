@@ -2,11 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "velmora/data/recycled.h"
 #include "velmora/platform/export.h"
 #include "velmora/platform/geometry.h"
 
@@ -17,7 +20,9 @@ class VELRenderPassData;
 class VELMORA_API VELRenderPassInfo {
  public:
   /// Axis id to the calculator that the axis had when the pass was prepared.
-  using Calculators = std::map<std::string, std::shared_ptr<VELCoordinateCalculator>>;
+  using Calculators =
+      std::map<std::string, std::shared_ptr<VELCoordinateCalculator>, std::less<>,
+               VELRecyclingAllocator<std::pair<const std::string, std::shared_ptr<VELCoordinateCalculator>>>>;
 
   Calculators& xCalculators() { return _xCalculators; }
   const Calculators& xCalculators() const { return _xCalculators; }
@@ -29,6 +34,8 @@ class VELMORA_API VELRenderPassInfo {
   void addRenderPassData(std::shared_ptr<const VELRenderPassData> data);
   /// Replaces a record; an index beyond them is ignored.
   void setRenderPassData(std::shared_ptr<const VELRenderPassData> data, int32_t index);
+  /// No records and no calculators any more; room for the records is kept.
+  void clear();
   int32_t renderPassDataCount() const { return static_cast<int32_t>(_renderData.size()); }
 
   /// Size of the chart frame in points.

@@ -10,6 +10,7 @@
 #include "velmora/axes/axis_surface.h"
 #include "velmora/data/data_series.h"
 #include "velmora/data/resampler.h"
+#include "velmora/platform/color.h"
 #include "velmora/platform/export.h"
 #include "velmora/platform/invalidatable_element.h"
 #include "velmora/rendering/render_context.h"
@@ -17,8 +18,12 @@
 class VELAxisBase;
 class VELChartSurface;
 class VELCoordinateCalculator;
+class VELHitTestProvider;
+class VELPaletteProvider;
 class VELPointSeries;
 class VELRenderPassData;
+class VELSeriesInfo;
+struct VELHitTestInfo;
 
 /// A drawn series: how one data series looks on its two axes.
 class VELMORA_API VELRenderableSeries : public VELAxisSeries, public VELInvalidatableElement {
@@ -44,6 +49,12 @@ class VELMORA_API VELRenderableSeries : public VELAxisSeries, public VELInvalida
   virtual float getDatapointWidthFrom(const VELPointSeries& points, double amount,
                                       const VELCoordinateCalculator& calculator,
                                       double widthFraction) const = 0;
+  /// Finds points of the series under a finger; null for a kind of series that cannot be touched.
+  virtual std::shared_ptr<VELHitTestProvider> hitTestProvider() const = 0;
+  /// What tooltips and cursors show of a hit test of this series. Never null.
+  virtual std::shared_ptr<VELSeriesInfo> toSeriesInfoWithHitTest(const VELHitTestInfo& hitTest) const = 0;
+  /// The one colour by which a legend tells the series.
+  virtual VELColor seriesColor() const = 0;
   virtual void prepareForDrawing() = 0;
   /// Calls @p block with screen x, screen y and data index of every point of a pass, in order.
   virtual void iterationInRenderPassData(const VELRenderPassData& data,
@@ -64,4 +75,7 @@ class VELMORA_API VELRenderableSeries : public VELAxisSeries, public VELInvalida
   virtual std::shared_ptr<const VELRenderPassData> currentRenderPassData() const = 0;
   virtual double zeroLineY() const = 0;
   virtual void setZeroLineY(double value) = 0;
+  /// Held strongly; null for none.
+  virtual std::shared_ptr<VELPaletteProvider> paletteProvider() const = 0;
+  virtual void setPaletteProvider(const std::shared_ptr<VELPaletteProvider>& palette) = 0;
 };

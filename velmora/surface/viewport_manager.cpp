@@ -29,8 +29,8 @@ VELRangePtr VELViewportManager::onCalculateNewXRange(VELAxisBase& axis) {
   return axis.autoRange() == VELAutoRange_Always ? calculateAutoRange(axis) : axis.visibleRange();
 }
 
-VELRangePtr VELViewportManager::onCalculateNewYRange(VELAxisBase& axis, const VELRenderPassInfo&) {
-  return axis.autoRange() == VELAutoRange_Always ? axis.calculateYRangeWithRenderPassInfo()
+VELRangePtr VELViewportManager::onCalculateNewYRange(VELAxisBase& axis, const VELRenderPassInfo& info) {
+  return axis.autoRange() == VELAutoRange_Always ? axis.calculateYRangeWithRenderPassInfo(info)
                                                  : axis.visibleRange();
 }
 

@@ -1,5 +1,7 @@
 #include "velmora/platform/egl/egl_context.h"
 
+#include <EGL/eglext.h>
+
 #include <array>
 #include <utility>
 
@@ -56,8 +58,7 @@ std::string VELEGLContext::setUp() {
   if (!eglChooseConfig(display, wanted.data(), &config, 1, &count) || count < 1)
     return "the EGL driver has no configuration for OpenGL ES 2.0";
 
-  const std::array<EGLint, 3> version = {EGL_CONTEXT_CLIENT_VERSION, 2, EGL_NONE};
-  _context = eglCreateContext(display, config, EGL_NO_CONTEXT, version.data());
+  createContext(config);
   if (_context == EGL_NO_CONTEXT) return "the EGL driver refused a context for OpenGL ES 2.0";
 
   if (!surfaceless) {
@@ -68,20 +69,50 @@ std::string VELEGLContext::setUp() {
 
   const VELGLContextScope scope(*this);
   if (!scope.isCurrent()) return "the EGL driver refused to make its context current";
-  _gl.loadMultisampling([](const char* name) { return eglGetProcAddress(name); });
+  _gl.loadBeyondES2([](const char* name) { return eglGetProcAddress(name); });
   return {};
 }
 
+void VELEGLContext::createContext(EGLConfig config) {
+  const EGLDisplay display = _display.handle();
+  if (_display.hasExtension("EGL_EXT_create_context_robustness")) {
+    // Only such a context is told of a reset of the GPU.
+    const std::array<EGLint, 5> robust = {EGL_CONTEXT_CLIENT_VERSION, 2,
+                                          EGL_CONTEXT_OPENGL_RESET_NOTIFICATION_STRATEGY_EXT,
+                                          EGL_LOSE_CONTEXT_ON_RESET_EXT, EGL_NONE};
+    _context = eglCreateContext(display, config, EGL_NO_CONTEXT, robust.data());
+    if (_context != EGL_NO_CONTEXT) return;
+  }
+  const std::array<EGLint, 3> plain = {EGL_CONTEXT_CLIENT_VERSION, 2, EGL_NONE};
+  _context = eglCreateContext(display, config, EGL_NO_CONTEXT, plain.data());
+}
+
 VELEGLContext::~VELEGLContext() {
+#ifndef NDEBUG
+  if (current() == this && !isLost()) checkErrors();
+#endif
+  tearDown();
+}
+
+bool VELEGLContext::doReplace() {
+  tearDown();
+  return setUp().empty();
+}
+
+void VELEGLContext::tearDown() {
   const EGLDisplay display = _display.handle();
   if (_context != EGL_NO_CONTEXT && eglGetCurrentContext() == _context)
     eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
   if (_context != EGL_NO_CONTEXT) eglDestroyContext(display, _context);
   if (_surface != EGL_NO_SURFACE) eglDestroySurface(display, _surface);
+  _context = EGL_NO_CONTEXT;
+  _surface = EGL_NO_SURFACE;
 }
 
 bool VELEGLContext::doMakeCurrent() {
   // Asked of the driver, not remembered: a toolkit in the same process may have changed it.
   if (eglGetCurrentContext() == _context) return true;
-  return eglMakeCurrent(_display.handle(), _surface, _surface, _context) == EGL_TRUE;
+  if (eglMakeCurrent(_display.handle(), _surface, _surface, _context) == EGL_TRUE) return true;
+  if (eglGetError() == EGL_CONTEXT_LOST) setLost();
+  return false;
 }

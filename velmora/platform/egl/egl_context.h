@@ -6,9 +6,9 @@
 #include <memory>
 #include <string>
 
-#include "velmora/platform/egl/driver_gl.h"
 #include "velmora/platform/egl/egl_display.h"
 #include "velmora/platform/gl_context.h"
+#include "velmora/platform/gles/driver_gl.h"
 
 /// An OpenGL ES 2.0 context that draws into framebuffer objects only. It has no surface where the driver
 /// allows that, else an unused one of one pixel.
@@ -23,9 +23,13 @@ class VELEGLContext : public VELGLContext {
 
  protected:
   bool doMakeCurrent() override;
+  bool doCheckLost() override { return _gl.wasReset(); }
+  bool doReplace() override;
 
  private:
   std::string setUp();
+  void createContext(EGLConfig config);
+  void tearDown();
 
   VELEGLDisplay _display;
   EGLContext _context = EGL_NO_CONTEXT;

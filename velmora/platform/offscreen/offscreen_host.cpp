@@ -87,7 +87,7 @@ VELOffscreenHost::VELOffscreenHost(Checked, std::shared_ptr<VELGLContext> contex
 VELOffscreenHost::~VELOffscreenHost() {
   if (_framebuffer == 0) return;
   const VELGLContextScope scope(*_context);
-  if (scope.isCurrent()) _context->gl().deleteFramebuffer(_framebuffer);
+  if (scope.isCurrent() && !_target.isLost()) _context->gl().deleteFramebuffer(_framebuffer);
 }
 
 bool VELOffscreenHost::prepareTarget(int32_t width, int32_t height) {
@@ -99,6 +99,13 @@ bool VELOffscreenHost::prepareTarget(int32_t width, int32_t height) {
   const bool isComplete = gl.checkFramebufferStatus(VELGL_FRAMEBUFFER) == VELGL_FRAMEBUFFER_COMPLETE;
   gl.bindFramebuffer(VELGL_FRAMEBUFFER, 0);
   return isComplete && gl.getError() == VELGL_NO_ERROR;
+}
+
+// The framebuffer is as old as the storage that it draws into.
+bool VELOffscreenHost::renewTarget() {
+  if (!_target.isLost()) return true;
+  _framebuffer = 0;
+  return prepareTarget(_target.width(), _target.height());
 }
 
 void VELOffscreenHost::tick(double seconds) {
@@ -120,7 +127,7 @@ bool VELOffscreenHost::settle(double seconds) {
 }
 
 VELBitmap VELOffscreenHost::picture() {
-  if (!_context->makeCurrent()) return {};
+  if (!_context->makeCurrent() || !renewTarget()) return {};
   VELGL& gl = _context->gl();
   const VELColor& color = _backgroundColor;
   gl.bindFramebuffer(VELGL_FRAMEBUFFER, _framebuffer);
@@ -132,6 +139,8 @@ VELBitmap VELOffscreenHost::picture() {
     gl.readPixels(0, 0, bitmap.width(), bitmap.height(), bitmap.pixels().data());
   }
   gl.bindFramebuffer(VELGL_FRAMEBUFFER, 0);
+  // What a context answers that was lost meanwhile is no picture.
+  if (_context->checkLost()) return {};
   // GL's rows go from the bottom up.
   for (int32_t top = 0, bottom = bitmap.height() - 1; top < bottom; ++top, --bottom)
     std::swap_ranges(bitmap.row(top).begin(), bitmap.row(top).end(), bitmap.row(bottom).begin());

@@ -51,12 +51,14 @@ class VELMORA_API VELOffscreenHost : public VELHost {
   /// room for themselves only after they were drawn once.
   /// @return false when something still waits, such as a surface that redraws at every refresh
   bool settle(double seconds);
-  /// The tree as it stands, composed now; opaque. Empty when GL refuses.
+  /// The tree as it stands, composed now; opaque. Empty when GL refuses. What a lost GL context took along is
+  /// drawn again by the next `tick`.
   VELBitmap picture();
   VELGLComposer& composer() { return _composer; }
 
  private:
   bool prepareTarget(int32_t width, int32_t height);
+  bool renewTarget();
 
   // In this order: the views go first, then what draws them, the context last.
   std::shared_ptr<VELGLContext> _context;

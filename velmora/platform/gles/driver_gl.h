@@ -1,4 +1,4 @@
-// platform/egl/driver_gl.h: the GL calls, handed to the installed driver.
+// platform/gles/driver_gl.h: the GL calls, handed to the installed driver.
 #pragma once
 
 #include <cstdint>
@@ -13,9 +13,12 @@ class VELDriverGL : public VELGL {
  public:
   using Entry = void (*)();
   using Loader = Entry (*)(const char* name);
-  /// Finds the ES 3 functions when the current context is of version 3 and has at least 4 samples; all or
-  /// none.
-  void loadMultisampling(Loader loader);
+  /// Finds what the current context has beyond ES 2.0: multisampling and the state of ES 3, each with all of
+  /// its functions or none, and the report of resets.
+  void loadBeyondES2(Loader loader);
+  /// Whether the driver lost everything since the context was made; false where it cannot tell. The context
+  /// must be current.
+  bool wasReset();
 
   uint32_t genBuffer() override;
   void deleteBuffer(uint32_t buffer) override;
@@ -78,6 +81,9 @@ class VELDriverGL : public VELGL {
   void disable(uint32_t capability) override;
   void blendFuncSeparate(uint32_t sourceColor, uint32_t targetColor, uint32_t sourceAlpha,
                          uint32_t targetAlpha) override;
+  void blendEquation(uint32_t equation) override;
+  void colorMask(bool red, bool green, bool blue, bool alpha) override;
+  void resetES3State() override;
   void clearColor(float red, float green, float blue, float alpha) override;
   void clear(uint32_t mask) override;
   void viewport(int32_t x, int32_t y, int32_t width, int32_t height) override;
@@ -94,8 +100,20 @@ class VELDriverGL : public VELGL {
   using BlitFramebuffer = void (*)(int32_t, int32_t, int32_t, int32_t, int32_t, int32_t, int32_t, int32_t,
                                    uint32_t mask, uint32_t filter);
   using InvalidateFramebuffer = void (*)(uint32_t target, int32_t count, const uint32_t* attachments);
+  using BindVertexArray = void (*)(uint32_t name);
+  using BindSampler = void (*)(uint32_t unit, uint32_t name);
+  using VertexAttribDivisor = void (*)(uint32_t slot, uint32_t divisor);
+  using GetGraphicsResetStatus = uint32_t (*)();
+
+  void loadMultisampling(Loader loader);
+  void loadES3State(Loader loader);
+  void loadResetStatus(Loader loader, int32_t version);
 
   RenderbufferStorageMultisample _renderbufferStorageMultisample = nullptr;
   BlitFramebuffer _blitFramebuffer = nullptr;
   InvalidateFramebuffer _invalidateFramebuffer = nullptr;
+  BindVertexArray _bindVertexArray = nullptr;
+  BindSampler _bindSampler = nullptr;
+  VertexAttribDivisor _vertexAttribDivisor = nullptr;
+  GetGraphicsResetStatus _getGraphicsResetStatus = nullptr;
 };

@@ -1,4 +1,4 @@
-#include "velmora/platform/egl/driver_gl.h"
+#include "velmora/platform/gles/driver_gl.h"
 
 #include <GLES2/gl2.h>
 
@@ -7,13 +7,18 @@
 
 namespace {
 
-constexpr uint32_t kMaxSamples = 0x8D57;  // GL_MAX_SAMPLES, which the ES 2.0 header does not have
+// Of ES 3, which the ES 2.0 header does not have.
+constexpr uint32_t kMaxSamples = 0x8D57;
+constexpr uint32_t kPixelPackBuffer = 0x88EB, kPixelUnpackBuffer = 0x88EC;
+constexpr uint32_t kPrimitiveRestartFixedIndex = 0x8D69, kRasterizerDiscard = 0x8C89;
+constexpr uint32_t kRowGaps[] = {0x0CF2, 0x0CF3, 0x0CF4, 0x0D02, 0x0D03, 0x0D04};  // unpack, then pack
+
 constexpr int32_t kNeededSamples = 4;
 
-/// "OpenGL ES 3.2 …" gives 3; anything else 0.
-int32_t majorVersion(const char* text) {
-  int major = 0;
-  return text && std::sscanf(text, "OpenGL ES %d", &major) == 1 ? major : 0;
+/// "OpenGL ES 3.2 …" gives 32; anything else 0.
+int32_t versionOf(const std::string& text) {
+  int major = 0, minor = 0;
+  return std::sscanf(text.c_str(), "OpenGL ES %d.%d", &major, &minor) == 2 ? 10 * major + minor : 0;
 }
 
 // GL's own convention: with a buffer bound, a pointer is an offset into it.
@@ -33,8 +38,41 @@ std::string infoLog(GetLog getLog, size_t limit) {
 
 }  // namespace
 
+void VELDriverGL::loadBeyondES2(Loader loader) {
+  // The driver of a context that replaces a lost one may have less.
+  *this = VELDriverGL();
+  const int32_t version = versionOf(getString(VELGL_VERSION));
+  if (version >= 30) {
+    loadMultisampling(loader);
+    loadES3State(loader);
+  }
+  loadResetStatus(loader, version);
+}
+
+void VELDriverGL::loadES3State(Loader loader) {
+  const auto vertexArray = reinterpret_cast<BindVertexArray>(loader("glBindVertexArray"));
+  const auto sampler = reinterpret_cast<BindSampler>(loader("glBindSampler"));
+  const auto divisor = reinterpret_cast<VertexAttribDivisor>(loader("glVertexAttribDivisor"));
+  if (!vertexArray || !sampler || !divisor) return;
+  _bindVertexArray = vertexArray;
+  _bindSampler = sampler;
+  _vertexAttribDivisor = divisor;
+}
+
+void VELDriverGL::loadResetStatus(Loader loader, int32_t version) {
+  // A loader may answer with a function for any name: the context is asked what it has.
+  const std::string extensions = getString(VELGL_EXTENSIONS);
+  const char* const name =
+      version >= 32                                               ? "glGetGraphicsResetStatus"
+      : extensions.find("GL_KHR_robustness") != std::string::npos ? "glGetGraphicsResetStatusKHR"
+      : extensions.find("GL_EXT_robustness") != std::string::npos ? "glGetGraphicsResetStatusEXT"
+                                                                  : nullptr;
+  if (name) _getGraphicsResetStatus = reinterpret_cast<GetGraphicsResetStatus>(loader(name));
+}
+
+bool VELDriverGL::wasReset() { return _getGraphicsResetStatus && _getGraphicsResetStatus() != GL_NO_ERROR; }
+
 void VELDriverGL::loadMultisampling(Loader loader) {
-  if (majorVersion(reinterpret_cast<const char*>(glGetString(GL_VERSION))) < 3) return;
   if (getInteger(kMaxSamples) < kNeededSamples) return;
   const auto storage =
       reinterpret_cast<RenderbufferStorageMultisample>(loader("glRenderbufferStorageMultisample"));
@@ -205,6 +243,20 @@ void VELDriverGL::disable(uint32_t capability) { glDisable(capability); }
 void VELDriverGL::blendFuncSeparate(uint32_t sourceColor, uint32_t targetColor, uint32_t sourceAlpha,
                                     uint32_t targetAlpha) {
   glBlendFuncSeparate(sourceColor, targetColor, sourceAlpha, targetAlpha);
+}
+void VELDriverGL::blendEquation(uint32_t equation) { glBlendEquation(equation); }
+void VELDriverGL::colorMask(bool red, bool green, bool blue, bool alpha) {
+  const auto flag = [](bool value) -> GLboolean { return value ? GL_TRUE : GL_FALSE; };
+  glColorMask(flag(red), flag(green), flag(blue), flag(alpha));
+}
+void VELDriverGL::resetES3State() {
+  if (!_bindVertexArray) return;
+  _bindVertexArray(0);
+  for (const uint32_t unit : {0u, 1u}) _bindSampler(unit, 0);
+  for (const uint32_t slot : {0u, 1u, 2u}) _vertexAttribDivisor(slot, 0);
+  for (const uint32_t target : {kPixelPackBuffer, kPixelUnpackBuffer}) glBindBuffer(target, 0);
+  for (const uint32_t gap : kRowGaps) glPixelStorei(gap, 0);
+  for (const uint32_t capability : {kPrimitiveRestartFixedIndex, kRasterizerDiscard}) glDisable(capability);
 }
 void VELDriverGL::clearColor(float red, float green, float blue, float alpha) {
   glClearColor(red, green, blue, alpha);

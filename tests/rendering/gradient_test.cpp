@@ -1,0 +1,169 @@
+// Ramps of gradients, and where a gradient brush or pen puts them.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "velmora/axes/coordinate_calculator_factory.h"
+#include "velmora/data/ranges.h"
+#include "velmora/rendering/brush_pass_data.h"
+#include "velmora/rendering/linear_gradient_brush.h"
+#include "velmora/rendering/linear_gradient_pen.h"
+
+namespace {
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN(),
+                 inf = std::numeric_limits<double>::infinity();
+constexpr auto horizontal = VELGradientDirection_Horizontal, vertical = VELGradientDirection_Vertical;
+using Codes = std::vector<uint32_t>;
+
+TEST(GradientRamp, MixesEachChannelBetweenTheCentresOfItsStepsAndHoldsTheEnds) {
+  EXPECT_EQ(VELGradientRamp({{0, 0x00000000}, {1, 0x80FF04C8}}, 4),
+            (Codes{0x10200119, 0x3060024B, 0x509F037D, 0x70DF04AF}));
+  EXPECT_EQ(VELGradientRamp({{0, 0xFF}, {1, 0}}, 2), (Codes{0xBF, 0x40})) << "191.25 and 63.75";
+  EXPECT_EQ(VELGradientRamp({{0, 2}, {1, 0}}, 2), (Codes{2, 1})) << "halves are rounded up both ways";
+  const struct {
+    const char* what;
+    std::vector<VELGradientStop> stops;
+    Codes expected;  ///< at 1/8, 3/8, 5/8 and 7/8
+  } rows[] = {{"nothing", {}, {}},
+              {"no number", {{nan, 1}, {inf, 2}, {-inf, 3}}, {}},
+              {"one", {{0.9, 5}, {nan, 7}}, {5, 5, 5, 5}},
+              {"unsorted", {{1, 40}, {0, 0}}, {5, 15, 25, 35}},
+              {"a step", {{0.5, 1}, {0.5, 9}, {0.5, 4}}, {1, 1, 4, 4}},
+              {"a step on a centre", {{0.375, 1}, {0.375, 4}}, {1, 4, 4, 4}},
+              {"beyond", {{-1, 0}, {3, 64}}, {18, 22, 26, 30}},
+              {"huge", {{-1e308, 10}, {1e308, 20}}, {15, 15, 15, 15}}};
+  for (const auto& row : rows) EXPECT_EQ(VELGradientRamp(row.stops, 4), row.expected) << row.what;
+}
+
+std::string column(const VELBrush2D& brush, double position) {
+  uint32_t code = 1;
+  uint16_t x = 0, y = 0;
+  brush.getColorCode(code, x, y, position, position);
+  EXPECT_TRUE(code == 0 && y == 3 * 256 + 1);
+  return std::to_string(x) + ' ';
+}
+
+// What ends up in a vertex is the column of the atlas, from 1 to 65534.
+TEST(GradientBrush, SpansAnAreaOrShowsItsFirstColourWhereItCannot) {
+  const struct {
+    double x, width;
+    std::vector<double> positions;
+    std::string columns;
+  } rows[] = {{10, 100, {5, 10, 60, 110, 200, nan, -inf, inf}, "1 1 32768 65534 65534 1 1 65534 "},
+              {110, -100, {5, 60, 200}, "1 32768 65534 "},
+              {7, 0, {6, 7, 8, inf}, "1 1 1 1 "},
+              {nan, 5, {0, 1}, "1 1 "},
+              {0, inf, {-1, 0, 1e9, inf}, "1 1 1 1 "},
+              {-inf, 5, {0, 6}, "1 1 "},
+              {0, 1e-320, {0, 5e-321, 1}, "1 65534 65534 "}};
+  for (const auto& row : rows) {
+    for (const auto direction : {horizontal, vertical}) {
+      VELBrushLinearGradient brush(1, 2, direction);
+      brush.setGradientIndex(3);
+      direction == horizontal ? brush.setDrawingAreaX(row.x, 500, row.width, 1)
+                              : brush.setDrawingAreaX(500, row.x, 1, row.width);
+      std::string actual;
+      for (const double position : row.positions) actual += column(brush, position);
+      EXPECT_EQ(actual, row.columns) << row.x << ' ' << row.width;
+    }
+  }
+}
+
+TEST(GradientBrush, EveryWayToMakeOneGivesTheSameRampAndCopiesKeepIt) {
+  const double coords[] = {0, 1};
+  const uint32_t codes[] = {0xFF0000FF, 0xFFFF0000};
+  const VELColor start(1, 0, 0), finish(0, 0, 1);
+  const Codes ramp = VELGradientRamp({{0, codes[0]}, {1, codes[1]}}, 256);
+  const VELBrushPtr all[] = {std::make_shared<VELBrushLinearGradient>(start, finish, horizontal),
+                             std::make_shared<VELBrushLinearGradient>(coords, codes, horizontal),
+                             std::make_shared<VELBrushLinearGradient>(ramp, horizontal),
+                             VELBrush2D::linearGradient({{1, codes[1]}, {0, codes[0]}}, horizontal),
+                             std::make_shared<VELPenLinearGradient>(start, finish, horizontal, 2.0f),
+                             std::make_shared<VELPenLinearGradient>(coords, codes, horizontal, 2.0f),
+                             std::make_shared<VELPenLinearGradient>(ramp, horizontal, 2.0f),
+                             VELPen2D::linearGradient(codes[0], codes[1], horizontal, 2.0f)};
+  for (const VELBrushPtr& brush : all) {
+    brush->setDrawingAreaX(0, 0, 256, 1);
+    brush->setGradientIndex(3);
+    const VELBrushPtr copy = brush->clone();
+    EXPECT_TRUE(std::ranges::equal(copy->getGradientData(), ramp));
+    for (const auto& [x, entry] : {std::pair{-5.0, 0u}, {0.5, 0u}, {1.5, 1u}, {255.5, 255u}, {300.0, 255u}})
+      EXPECT_EQ(copy->colorCodeAtX(x, 7), ramp[entry]) << x;
+    EXPECT_EQ(column(*copy, 999), "65534 ");
+    EXPECT_FALSE(copy->hasAlpha());
+    const auto* const pen = dynamic_cast<const VELPen2D*>(copy.get());
+    EXPECT_EQ(pen ? pen->strokeThickness() : 2.0f, 2.0f);
+  }
+  EXPECT_TRUE(VELBrushLinearGradient(0xFF000000, 0xFE000000, vertical).hasAlpha());
+  EXPECT_EQ(VELBrushLinearGradient(Codes(), vertical).colorCodeAtX(1, 1), 0u);
+}
+
+/// X 0 to 10 on 100 points from the left, Y 0 to 10 on 100 points from the bottom; or turned.
+struct PassData final : VELBrushPassData {
+  std::shared_ptr<VELCoordinateCalculator> x, y;
+  VELRangePtr xs = std::make_shared<VELDoubleRange>(2, 4), ys = std::make_shared<VELDoubleRange>(5, 8);
+  double zero = nan;
+  bool isTurned;
+
+  explicit PassData(bool turned, bool isLogarithmic = false) : isTurned(turned) {
+    VELAxisParams params;
+    params.size = 100;
+    params.logarithmicBase = 10;
+    params.visibleMin = isLogarithmic ? 1 : 0;
+    params.visibleMax = 10;
+    params.isLogarithmicAxis = isLogarithmic;
+    params.isHorizontal = turned;
+    y = VELCoordinateCalculatorFactory::getInstance(params);
+    params.isXAxis = true;
+    params.isHorizontal = !turned;
+    x = VELCoordinateCalculatorFactory::getInstance(params);
+  }
+  bool isVerticalChart() const override { return isTurned; }
+  const std::shared_ptr<VELCoordinateCalculator>& xCoordinateCalculator() const override { return x; }
+  const std::shared_ptr<VELCoordinateCalculator>& yCoordinateCalculator() const override { return y; }
+  VELRangePtr xDataRange() const override { return xs; }
+  VELRangePtr yDataRange() const override { return ys; }
+  double zeroLineY() const override { return zero; }
+};
+
+TEST(GradientBrush, SpansTheDataAlongTheAxisThatItRunsAlong) {
+  const auto spanOf = [](const PassData& data, VELGradientDirection direction) {
+    VELPenLinearGradient pen(1, 2, direction, 1);
+    pen.setDrawingAreaX(1, 1, 1, 1);
+    pen.setRenderPassData(&data);
+    return std::pair(pen.min(), pen.max());
+  };
+  using Span = std::pair<double, double>;
+  PassData upright(false), turned(true);
+  const Span alongX = spanOf(upright, horizontal), alongY = spanOf(upright, vertical);
+  EXPECT_EQ(alongX, Span(upright.x->getCoordinateFrom(2), upright.x->getCoordinateFrom(4)));
+  EXPECT_EQ(alongY, Span(upright.y->getCoordinateFrom(8), upright.y->getCoordinateFrom(5)));
+  EXPECT_EQ(spanOf(turned, horizontal), Span(turned.y->getCoordinateFrom(8), turned.y->getCoordinateFrom(5)));
+  EXPECT_EQ(spanOf(turned, vertical), Span(turned.x->getCoordinateFrom(2), turned.x->getCoordinateFrom(4)));
+  upright.zero = -1;
+  EXPECT_EQ(spanOf(upright, vertical), Span(alongY.first, upright.y->getCoordinateFrom(-1)));
+  EXPECT_EQ(spanOf(upright, horizontal), alongX) << "the zero line is one of Y";
+
+  PassData logarithmic(false, true);
+  logarithmic.zero = 0;
+  EXPECT_EQ(spanOf(logarithmic, vertical).second, logarithmic.y->getCoordinateFrom(5))
+      << "0 has no place there";
+
+  const Span before(1, 2);
+  upright.ys = std::make_shared<VELDoubleRange>();
+  EXPECT_EQ(spanOf(upright, vertical), before) << "no data";
+  upright.ys = nullptr;
+  EXPECT_EQ(spanOf(upright, vertical), before);
+  upright.x = nullptr;
+  EXPECT_EQ(spanOf(upright, horizontal), before);
+  VELBrushLinearGradient fixed(1, 2, horizontal);
+  fixed.setDrawingAreaX(1, 1, 1, 1);
+  fixed.setRequireRenderPassData(false);
+  for (const PassData* const data : {&turned, static_cast<PassData*>(nullptr)}) fixed.setRenderPassData(data);
+  EXPECT_EQ(Span(fixed.min(), fixed.max()), before);
+}
+
+}  // namespace
