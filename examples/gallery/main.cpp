@@ -21,6 +21,8 @@ constexpr GalleryPicture kPictures[] = {
     {"negative-logarithmic-range", {800.0, 450.0}, drawNegativeLogarithmicRange},
     {"numeric-categories", {800.0, 450.0}, drawNumericCategories},
     {"date-categories", {800.0, 450.0}, drawDateCategories},
+    {"line-styles", {1200.0, 640.0}, drawLineStyles},
+    {"own-shapes", {1036.0, 620.0}, drawOwnShapes},
 };
 
 void write(const GalleryPicture& picture, double scale, const std::filesystem::path& folder) {

@@ -16,6 +16,12 @@ void drawDateSpans(Sheet& sheet);
 void drawLogarithmicBases(Sheet& sheet);
 void drawNegativeLogarithmicRange(Sheet& sheet);
 
+// own_shapes.cpp
+void drawOwnShapes(Sheet& sheet);
+
+// line_styles.cpp
+void drawLineStyles(Sheet& sheet);
+
 // category_axes.cpp
 void drawNumericCategories(Sheet& sheet);
 void drawDateCategories(Sheet& sheet);

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstring>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <limits>
 #include <memory>
@@ -80,22 +81,6 @@ void onField(void* text, size_t length, void* builder) {
 
 void onRow(int, void* builder) { static_cast<TableBuilder*>(builder)->endRow(); }
 
-// Commas unless the header has none of them outside quotes and one of the other two.
-char separatorOf(std::string_view text) {
-  bool quoted = false, hasSemicolon = false, hasTab = false, begun = false;
-  for (const char c : text) {
-    if (c == '"') quoted = !quoted;
-    if (quoted) continue;
-    const bool lineEnds = c == '\n' || c == '\r';
-    if (lineEnds && begun) break;
-    begun |= !lineEnds && c != ' ';
-    if (c == ',') return ',';
-    hasSemicolon |= c == ';';
-    hasTab |= c == '\t';
-  }
-  return hasSemicolon ? ';' : hasTab ? '\t' : ',';
-}
-
 // The first line with its end: CR, LF or both.
 std::string_view firstLineOf(std::string_view text) {
   const size_t end = text.find_first_of("\r\n");
@@ -123,6 +108,26 @@ const CsvColumn* CsvTable::column(std::string_view name) const {
   return found == columns.end() ? nullptr : &*found;
 }
 
+std::string_view withoutByteOrderMark(std::string_view text) {
+  const bool isMarked = text.substr(0, kByteOrderMark.size()) == kByteOrderMark;
+  return isMarked ? text.substr(kByteOrderMark.size()) : text;
+}
+
+char separatorOf(std::string_view text) {
+  bool quoted = false, hasSemicolon = false, hasTab = false, begun = false;
+  for (const char c : text) {
+    if (c == '"') quoted = !quoted;
+    if (quoted) continue;
+    const bool lineEnds = c == '\n' || c == '\r';
+    if (lineEnds && begun) break;
+    begun |= !lineEnds && c != ' ';
+    if (c == ',') return ',';
+    hasSemicolon |= c == ';';
+    hasTab |= c == '\t';
+  }
+  return hasSemicolon ? ';' : hasTab ? '\t' : ',';
+}
+
 std::optional<double> parseNumber(std::string_view text) {
   const size_t begin = text.find_first_not_of(" \t");
   if (begin == std::string_view::npos) return std::nullopt;
@@ -135,7 +140,7 @@ std::optional<double> parseNumber(std::string_view text) {
 }
 
 CsvTable parseCsv(std::string_view text, const std::string& name) {
-  if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) text.remove_prefix(kByteOrderMark.size());
+  text = withoutByteOrderMark(text);
   if (text.find_first_not_of(" \t\r\n") == std::string_view::npos)
     throw PlotFailure(name + " is empty; a CSV file begins with a row of column names.");
 
@@ -160,6 +165,10 @@ CsvTable parseCsv(std::string_view text, const std::string& name) {
 }
 
 CsvTable readCsv(const std::filesystem::path& path) {
+  if (path == kStandardInput) {
+    const std::string text{std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
+    return parseCsv(text, "The standard input");
+  }
   const std::string name = "'" + path.string() + "'";
   std::error_code error;
   if (std::filesystem::is_directory(path, error))

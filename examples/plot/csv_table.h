@@ -40,6 +40,9 @@ struct CsvTable {
   const CsvColumn* column(std::string_view name) const;
 };
 
+/// The name of a file that stands for the standard input.
+inline constexpr char kStandardInput[] = "-";
+
 /// Reads a table: UTF-8 with or without byte order mark, any line ending, quoted fields; separated by commas,
 /// or by semicolons or tabs where the header has no comma. Missing cells at the end of a row are empty.
 /// @throws PlotFailure when the file cannot be read or holds no header
@@ -47,6 +50,13 @@ CsvTable readCsv(const std::filesystem::path& path);
 
 /// As above, from memory. @param name how messages call the source
 CsvTable parseCsv(std::string_view text, const std::string& name);
+
+/// What follows a byte order mark, if there is one.
+std::string_view withoutByteOrderMark(std::string_view text);
+
+/// What stands between the fields of a text that begins with a header: a comma, unless it has none outside
+/// quotes and a semicolon or else a tab.
+char separatorOf(std::string_view text);
 
 /// A finite number without regard to the locale, blanks around it allowed.
 std::optional<double> parseNumber(std::string_view text);

@@ -11,6 +11,7 @@ constexpr double kRowHeight = 18.0;
 constexpr double kItemGap = 18.0;
 constexpr double kSwatchGap = 5.0;
 constexpr double kBottomPadding = 6.0;
+constexpr double kRestWidth = 90.0;
 constexpr size_t kMaxRows = 3;
 constexpr size_t kLongestName = 40;  // bytes, then an ellipsis
 
@@ -48,17 +49,25 @@ Legend::Item Legend::makeItem(const std::string& name, const uint32_t* colorCode
   return item;
 }
 
-std::vector<Legend::Row> Legend::fillRows(const std::vector<LegendEntry>& entries, double width) {
+Legend::Legend(const std::vector<LegendEntry>& entries) {
+  for (const LegendEntry& entry : entries)
+    _items.push_back(makeItem(shortenedName(entry.name), &entry.colorCode));
+}
+
+std::vector<Legend::Row> Legend::makeRows(double width) {
   std::vector<Row> rows(1);
   double used = 0.0;
-  for (size_t i = 0; i < entries.size(); ++i) {
-    Item item = makeItem(shortenedName(entries[i].name), &entries[i].colorCode);
+  for (size_t i = 0; i < _items.size(); ++i) {
+    const Item& item = _items[i];
     const bool lastRow = rows.size() == kMaxRows;
     // In the last row, leave room for the entry that counts the rest.
-    const double reserve = lastRow && i + 1 < entries.size() ? 90.0 : 0.0;
+    const double reserve = lastRow && i + 1 < _items.size() ? kRestWidth : 0.0;
     const bool fits = rows.back().empty() || used + kItemGap + item.width + reserve <= width;
     if (!fits && lastRow) {
-      rows.back().push_back(makeItem("+ " + std::to_string(entries.size() - i) + " more", nullptr));
+      const size_t rest = _items.size() - i;
+      if (rest != _restCount) _rest = makeItem("+ " + std::to_string(rest) + " more", nullptr);
+      _restCount = rest;
+      rows.back().push_back(&_rest);
       break;
     }
     if (!fits) {
@@ -66,37 +75,39 @@ std::vector<Legend::Row> Legend::fillRows(const std::vector<LegendEntry>& entrie
       used = 0.0;
     }
     used += (rows.back().empty() ? 0.0 : kItemGap) + item.width;
-    rows.back().push_back(std::move(item));
+    rows.back().push_back(&item);
   }
   return rows;
 }
 
 void Legend::placeRow(const Row& row, double width, double top) {
   double total = kItemGap * static_cast<double>(row.size() - 1);
-  for (const Item& item : row) total += item.width;
+  for (const Item* item : row) total += item->width;
   double x = std::max(0.0, (width - total) / 2.0);
-  for (const Item& item : row) {
+  for (const Item* item : row) {
     double nameX = x;
-    if (item.swatch) {
-      place(*item.swatch, x, top);
-      addSubview(item.swatch);
-      nameX += item.swatch->frame().width + kSwatchGap;
+    if (item->swatch) {
+      place(*item->swatch, x, top);
+      addSubview(item->swatch);
+      nameX += item->swatch->frame().width + kSwatchGap;
     }
-    place(*item.name, nameX, top);
-    addSubview(item.name);
-    x += item.width + kItemGap;
+    place(*item->name, nameX, top);
+    addSubview(item->name);
+    x += item->width + kItemGap;
   }
 }
 
-std::shared_ptr<Legend> Legend::create(const std::vector<LegendEntry>& entries, double width) {
-  auto legend = std::make_shared<Legend>();
-  if (entries.empty()) return legend;
-  const auto rows = fillRows(entries, width);
+void Legend::hideAll() {
+  while (!subviews().empty()) subviews().back()->removeFromSuperview();
+}
+
+double Legend::fillWidth(double width) {
+  hideAll();
+  if (_items.empty()) return 0.0;
   double top = 0.0;
-  for (const Row& row : rows) {
-    legend->placeRow(row, width, top);
+  for (const Row& row : makeRows(width)) {
+    placeRow(row, width, top);
     top += kRowHeight;
   }
-  legend->setFrame({0.0, 0.0, width, top + kBottomPadding});
-  return legend;
+  return top + kBottomPadding;
 }

@@ -1,6 +1,7 @@
 // plot/legend.h: which colour is which line.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -20,11 +21,11 @@ std::string shortenedName(const std::string& name);
 /// Rows of colour and name, centred in a width; what does not fit into three rows is counted in a last entry.
 class Legend : public VELView {
  public:
-  /// A legend that wants a width in points; its height is `frame().height`.
-  static std::shared_ptr<Legend> create(const std::vector<LegendEntry>& entries, double width);
+  explicit Legend(const std::vector<LegendEntry>& entries);
 
-  /// Use `create`.
-  Legend() = default;
+  /// Arranges the entries. @param width points
+  /// @return the height that they take; 0 without entries
+  double fillWidth(double width);
 
  private:
   struct Item {
@@ -32,9 +33,14 @@ class Legend : public VELView {
     std::shared_ptr<VELLabelView> name;
     double width = 0.0;
   };
-  using Row = std::vector<Item>;
+  using Row = std::vector<const Item*>;
 
   static Item makeItem(const std::string& name, const uint32_t* colorCode);
-  static std::vector<Row> fillRows(const std::vector<LegendEntry>& entries, double width);
+  std::vector<Row> makeRows(double width);
   void placeRow(const Row& row, double width, double top);
+  void hideAll();
+
+  std::vector<Item> _items;
+  Item _rest;
+  size_t _restCount = 0;
 };

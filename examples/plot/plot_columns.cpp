@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "examples/plot/failure.h"
-#include "velmora/platform/calendar.h"
+#include "examples/plot/local_clock.h"
 
 namespace {
 
@@ -104,7 +104,7 @@ const CsvColumn* openX(const CsvTable& table, const Choice& choice, Columns& fre
 }
 
 Choice choose(const CsvTable& table, const PlotOptions& options) {
-  const std::string file = options.file.string();
+  const std::string file = sourceName(options);
   Choice choice;
   if (options.x) choice.x = columnForX(table, *options.x, file);
   if (options.category) choice.x = columnForX(table, *options.category, file);
@@ -144,7 +144,7 @@ void assertLogarithmic(const CsvColumn& column, const std::string& option, const
 }
 
 void assertDrawable(const Choice& choice, const PlotOptions& options) {
-  const std::string file = options.file.string();
+  const std::string file = sourceName(options);
   for (const Columns* columns : {&choice.ys, &choice.y2s})
     for (const CsvColumn* y : *columns) assertDrawable(*y, file);
   if (options.logY)
@@ -157,17 +157,10 @@ void assertDrawable(const Choice& choice, const PlotOptions& options) {
   if (options.logX) assertLogarithmic(*choice.x, "--log-x", file);
 }
 
-// Seconds since 1970 of dates; those without an offset are on the clocks of the calendar.
-std::vector<double> secondsOf(const CsvColumn& column, const VELCalendar& calendar) {
-  static const VELCalendar utc("UTC");
+std::vector<double> secondsOf(const CsvColumn& column, const std::string& timeZone) {
+  LocalClock clock(timeZone);
   std::vector<double> seconds(column.values.size(), kNaN);
-  for (size_t row = 0; row < column.dates.size(); ++row) {
-    const IsoDate& date = column.dates[row];
-    seconds[row] = date.seconds;
-    if (!date.isLocal) continue;
-    if (const auto clock = utc.componentsFromDate(VELDate(date.seconds)))
-      seconds[row] = calendar.dateFromComponents(*clock).timeIntervalSince1970();
-  }
+  for (size_t row = 0; row < column.dates.size(); ++row) seconds[row] = clock.secondsOf(column.dates[row]);
   return seconds;
 }
 
@@ -178,21 +171,25 @@ std::vector<double> xValues(const CsvTable& table, const Choice& choice, const s
     return rows;
   }
   if (choice.x->kind() != CsvKind::Date) return choice.x->values;
-  if (timeZone.empty()) return secondsOf(*choice.x, *VELCalendar::current());
-  return secondsOf(*choice.x, VELCalendar(timeZone));
+  return secondsOf(*choice.x, timeZone);
+}
+
+size_t indexOf(const CsvTable& table, const CsvColumn* column) {
+  return static_cast<size_t>(column - table.columns.data());
 }
 
 // Joins x and the columns of y, row by row.
 class LineJoiner {
  public:
   LineJoiner(const CsvTable& table, const Choice& choice, const PlotOptions& options)
-      : _xs(xValues(table, choice, options.timeZone)),
+      : _table(table),
+        _xs(xValues(table, choice, options.timeZone)),
         _isCategory(options.category.has_value()),
         _logX(options.logX),
         _logY(options.logY) {}
 
   PlotLine join(const CsvColumn& y, bool onSecondAxis) {
-    PlotLine line{y.name, {}, {}, onSecondAxis};
+    PlotLine line{y.name, {}, {}, onSecondAxis, indexOf(_table, &y)};
     line.x.reserve(_xs.size());
     line.y.reserve(_xs.size());
     double lastX = kNaN;
@@ -213,6 +210,7 @@ class LineJoiner {
   LeftOut leftOut;  // points that a logarithmic axis cannot show
 
  private:
+  const CsvTable& _table;
   std::vector<double> _xs;
   bool _isCategory;
   bool _logX;
@@ -260,12 +258,25 @@ size_t PlotColumns::countOnFirstAxis() const {
   return static_cast<size_t>(second - lines.begin());
 }
 
+std::string sourceName(const PlotOptions& options) {
+  return options.file == kStandardInput ? "standard input" : options.file.string();
+}
+
+void assertColumnsExist(const CsvTable& table, const PlotOptions& options) {
+  std::vector<std::string> names = options.y;
+  names.insert(names.end(), options.y2.begin(), options.y2.end());
+  for (const auto& x : {options.x, options.category})
+    if (x) names.push_back(*x);
+  for (const std::string& name : names) columnNamed(table, name, sourceName(options));
+}
+
 PlotColumns choosePlotColumns(const CsvTable& table, const PlotOptions& options) {
   const Choice choice = choose(table, options);
   assertDrawable(choice, options);
   PlotColumns result;
   result.xName = choice.x ? choice.x->name : "row";
   result.xKind = choice.xKind;
+  if (choice.x) result.xColumn = indexOf(table, choice.x);
   LineJoiner joiner(table, choice, options);
   for (const CsvColumn* y : choice.ys) result.lines.push_back(joiner.join(*y, false));
   for (const CsvColumn* y : choice.y2s) result.lines.push_back(joiner.join(*y, true));

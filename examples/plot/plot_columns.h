@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,11 +18,13 @@ struct PlotLine {
   std::vector<double> x;  ///< dates are seconds since 1970
   std::vector<double> y;  ///< NaN where the file has no number, or none that its axis can show
   bool onSecondAxis = false;
+  size_t column = 0;  ///< of y in the table
 };
 
 struct PlotColumns {
   std::string xName;
   PlotXKind xKind = PlotXKind::Number;
+  std::optional<size_t> xColumn;  ///< in the table; none for the row number
   std::vector<PlotLine> lines;
   std::string gapNote;  ///< one sentence about cells that are no numbers or dates; empty when there are none
   std::string logNote;  ///< one sentence about points that a logarithmic axis cannot show; empty without any
@@ -30,6 +33,12 @@ struct PlotColumns {
   size_t countOnFirstAxis() const;
   bool hasSecondAxis() const { return countOnFirstAxis() < lines.size(); }
 };
+
+/// How messages call the data.
+std::string sourceName(const PlotOptions& options);
+
+/// @throws PlotFailure for a column that the options name and the table has not
+void assertColumnsExist(const CsvTable& table, const PlotOptions& options);
 
 /// Chooses and joins the columns.
 ///

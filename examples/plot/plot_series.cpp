@@ -48,6 +48,18 @@ std::vector<VELDate> datesOf(const std::vector<double>& seconds) {
   return dates;
 }
 
+}  // namespace
+
+std::vector<uint32_t> lineColors(const PlotColumns& columns) {
+  const VELVisualStyle& look = VELVisualStyle::standard();
+  size_t first = 0;
+  size_t second = std::max(kFirstSecondColor, columns.countOnFirstAxis());
+  std::vector<uint32_t> colors;
+  for (const PlotLine& line : columns.lines)
+    colors.push_back(line.onSecondAxis ? calm(look.seriesColor(second++)) : look.seriesColor(first++));
+  return colors;
+}
+
 std::shared_ptr<VELXyDataSeries> makeData(const PlotLine& line, PlotXKind xKind) {
   auto data = makeColumns(xKind);
   data->setSeriesName(line.name);
@@ -61,19 +73,18 @@ std::shared_ptr<VELXyDataSeries> makeData(const PlotLine& line, PlotXKind xKind)
   return data;
 }
 
-}  // namespace
-
-std::vector<uint32_t> lineColors(const PlotColumns& columns) {
-  const VELVisualStyle& look = VELVisualStyle::standard();
-  size_t first = 0;
-  size_t second = std::max(kFirstSecondColor, columns.countOnFirstAxis());
-  std::vector<uint32_t> colors;
-  for (const PlotLine& line : columns.lines)
-    colors.push_back(line.onSecondAxis ? calm(look.seriesColor(second++)) : look.seriesColor(first++));
-  return colors;
+std::shared_ptr<VELXyDataSeries> makeRing(const PlotLine& line, PlotXKind xKind, bool isEven,
+                                          int32_t capacity) {
+  const VELDataType xType = isDate(xKind) ? VELDataType_DateTime : VELDataType_Double;
+  auto data = VELXyDataSeries::initFifoWithXType(xType, VELDataType_Double, capacity);
+  data->setSeriesName(line.name);
+  data->setAcceptUnsortedData(true);
+  data->dataDistributionCalculator()->setDataIsEvenlySpaced(isEven);
+  return data;
 }
 
-std::shared_ptr<VELFastLineRenderableSeries> makeSeries(const PlotLine& line, PlotXKind xKind,
+std::shared_ptr<VELFastLineRenderableSeries> makeSeries(const PlotLine& line,
+                                                        const std::shared_ptr<VELXyDataSeries>& data,
                                                         uint32_t colorCode, const PlotOptions& options) {
   auto series = std::make_shared<VELFastLineRenderableSeries>();
   const double width = VELVisualStyle::standard().seriesLineWidth * (line.onSecondAxis ? kCalmWidth : 1.0);
@@ -82,6 +93,6 @@ std::shared_ptr<VELFastLineRenderableSeries> makeSeries(const PlotLine& line, Pl
   // Any file may be unsorted: Auto draws such data point by point.
   series->setResamplingMode(options.resampling ? VELResamplingMode_Auto : VELResamplingMode_None);
   if (line.onSecondAxis) series->setYAxisId(kSecondAxisId);
-  series->setDataSeries(makeData(line, xKind));
+  series->setDataSeries(data);
   return series;
 }

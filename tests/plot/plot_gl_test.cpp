@@ -1,4 +1,5 @@
 // The whole program, from a file to a picture.
+#include "examples/plot/picture.h"
 #include "examples/plot/plot.h"
 
 #include <gtest/gtest.h>
