@@ -104,4 +104,5 @@
 #include "velmora/surface/render_pass_data.h"
 #include "velmora/surface/series_info.h"
 #include "velmora/surface/surface_element.h"
+#include "velmora/surface/surface_resize_action.h"
 #include "velmora/surface/viewport_manager.h"

@@ -119,7 +119,7 @@ struct Row {
 
 std::vector<Row> makeRows() {
   const VELVisualStyle& look = VELVisualStyle::standard();
-  const uint32_t cool = look.seriesColor(0), warm = look.seriesColor(1), green = look.seriesColor(2);
+  const uint32_t cool = look.seriesColor(0), warm = look.seriesColor(3), green = look.seriesColor(2);
   const uint32_t clear = (cool & 0x00FFFFFFu) | 0x50000000u, clearWarm = (warm & 0x00FFFFFFu) | 0x50000000u;
   std::vector<Row> rows = {
       {"solid", {VELBrush2D::solid(cool), VELBrush2D::solid(warm), VELPen2D::solid(cool, 2.0f)}},
@@ -163,7 +163,8 @@ void drawOwnShapes(Sheet& sheet) {
     sheet.addLabel(rows[static_cast<size_t>(row)].name, {kLeft / 2 + 4.0, cell(0, row).y + kCellHeight / 2});
 
   const auto values = makeRings(false);
-  const auto mask = std::make_shared<VELBrushColoredTexture>(values);
+  const auto mask =
+      std::make_shared<VELBrushColoredTexture>(values, VELVisualStyle::standard().seriesColor(3));
   const struct {
     const char* name;
     VELBrushPtr brush;

@@ -15,7 +15,9 @@
 
 namespace {
 
-std::string quoted(const std::filesystem::path& path) { return "'" + path.string() + "'"; }
+std::string nameOf(const std::filesystem::path& path) {
+  return path == kStandardInput ? "The standard input" : "'" + path.string() + "'";
+}
 
 // Opening a named pipe would else wait for someone who writes.
 int openForReading(const std::filesystem::path& path) {
@@ -29,16 +31,18 @@ bool isPlain(const struct stat& status) { return S_ISREG(status.st_mode); }
 ByteTail::ByteTail(const std::filesystem::path& path) : _path(path) {
   const bool isStandardInput = path == kStandardInput;
   _file = isStandardInput ? STDIN_FILENO : openForReading(path);
-  const std::string reason = std::strerror(errno);
   struct stat status = {};
-  if (_file < 0 || ::fstat(_file, &status) != 0)
-    throw PlotFailure(quoted(path) + " cannot be read (" + reason +
+  if (_file < 0 || ::fstat(_file, &status) != 0) {
+    const int reason = errno;
+    if (_file >= 0 && !isStandardInput) ::close(_file);
+    throw PlotFailure(nameOf(path) + " cannot be read (" + std::strerror(reason) +
                       "); give a CSV file that exists and is readable.");
+  }
   _isOwned = !isStandardInput;
   _isPlainFile = isPlain(status) && !isStandardInput;
   if (!S_ISDIR(status.st_mode)) return;
   if (_isOwned) ::close(_file);
-  throw PlotFailure(quoted(path) + " is a directory; give a CSV file.");
+  throw PlotFailure(nameOf(path) + " is a directory; give a CSV file.");
 }
 
 ByteTail::~ByteTail() {
@@ -80,7 +84,7 @@ ByteTail::Piece ByteTail::read() {
   if (count == 0) return atEnd();
   if (count < 0) {
     if (errno == EAGAIN || errno == EINTR) return {State::Rest, {}};
-    throw PlotFailure("What follows in " + quoted(_path) + " cannot be read (" + std::strerror(errno) +
+    throw PlotFailure(nameOf(_path) + " cannot be read on (" + std::strerror(errno) +
                       "); check the device that holds it.");
   }
   _position += count;

@@ -14,7 +14,7 @@ volatile std::sig_atomic_t interrupted = 0;
 
 extern "C" void onInterrupt(int) { interrupted = 1; }
 
-// While it lives an interrupt ends the reading, not the process: the picture is still written.
+// While it lives an interrupt ends the reading, not the process.
 class InterruptScope {
  public:
   InterruptScope() {
@@ -37,16 +37,21 @@ class InterruptScope {
   struct sigaction _terminate = {};
 };
 
-}  // namespace
-
-void followToPicture(const PlotOptions& options) {
+// An interrupt ends the reading and the picture is still written; a second one ends the process.
+void readToEnd(FollowFeed& feed) {
   const InterruptScope scope;
-  FollowFeed feed(options);
   FollowFeed::State state;
   do {
     state = feed.turn();
     if (state == FollowFeed::State::Resting) feed.wait(kMostWait);
   } while (state != FollowFeed::State::Ended && !interrupted);
+}
+
+}  // namespace
+
+void followToPicture(const PlotOptions& options) {
+  FollowFeed feed(options);
+  readToEnd(feed);
   feed.stop();
   feed.tell();
   const PlotFollower& follower = feed.follower();

@@ -12,6 +12,8 @@ namespace {
 
 bool canOpenWindow() { return false; }
 
+std::string whyNoWindow() { return "This program was built without windows"; }
+
 void showPlot(const PlotColumns&, const PlotOptions&) { refuse(); }
 
 void followInWindow(const PlotOptions&) { refuse(); }

@@ -74,7 +74,7 @@ void addPictureOptions(CLI::App& app, PlotOptions& options, Texts& texts) {
                  "write a picture instead of opening a window (FILE.png without a display)");
   app.add_option("--size", texts.size, "width and height of the window or the picture in points (1280x720)");
   app.add_option("--scale", texts.scale,
-                 "pixels per point of a picture (1); a window has those of its display");
+                 "pixels per point (1 in a picture, those of its display in a window)");
   app.add_option("--title", options.title, "the text above the chart");
   app.add_flag("--digital", options.digital, "draw steps instead of straight lines");
   app.add_flag("!--no-resampling", options.resampling, "draw every point");

@@ -21,7 +21,7 @@ struct PlotOptions {
   std::vector<std::string> y;
   std::vector<std::string> y2;  ///< on an axis of their own
   VELSize size{1280.0, 720.0};  ///< points
-  double scale = 1.0;           ///< pixels per point of a picture
+  double scale = 1.0;           ///< pixels per point of a picture; of a window where it was given
   bool isScaleGiven = false;
   std::string title;
   bool logX = false, logY = false;  ///< `logY` and `flipY` are for the axis of `y`, not for that of `y2`

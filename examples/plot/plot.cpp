@@ -18,22 +18,22 @@ void tell(const std::string& sentence) {
   if (!sentence.empty()) std::cerr << "velmora-plot: " << sentence << '\n';
 }
 
-void plot(const PlotOptions& options) {
-  const bool inWindow = !options.isOutGiven && canOpenWindow();
-  if (inWindow && options.isScaleGiven)
-    tell("--scale is for pictures; the window has the pixels per point of its display.");
-  const std::string noWindow =
-      inWindow || options.isOutGiven
-          ? ""
-          : "There is no display to open a window on; the chart goes to '" + options.out.string() + "'.";
-  if (options.follow) tell(noWindow);
-  if (options.follow) return inWindow ? followInWindow(options) : followToPicture(options);
+// Where the chart goes; tells when that is not where one would look for it.
+bool goesToWindow(const PlotOptions& options) {
+  if (options.isOutGiven) return false;
+  if (canOpenWindow()) return true;
+  tell(whyNoWindow() + "; the chart goes to '" + options.out.string() + "'.");
+  return false;
+}
 
+void plot(const PlotOptions& options) {
+  if (options.follow) return goesToWindow(options) ? followInWindow(options) : followToPicture(options);
+
+  // The window system takes interrupts for its own: while this reads, they end the program.
   const PlotColumns columns = choosePlotColumns(readCsv(options.file), options);
   tell(columns.gapNote);
   tell(columns.logNote);
-  if (inWindow) return showPlot(columns, options);
-  tell(noWindow);
+  if (goesToWindow(options)) return showPlot(columns, options);
   writePicture(drawPlot(columns, options), options);
 }
 

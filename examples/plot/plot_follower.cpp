@@ -15,6 +15,12 @@ std::string_view completeLines(std::string_view text) {
   return end == std::string_view::npos ? text : text.substr(0, end + 1);
 }
 
+constexpr char kBlanks[] = " \t\r\n";
+
+bool isBlank(std::string_view text) {
+  return withoutByteOrderMark(text).find_first_not_of(kBlanks) == std::string_view::npos;
+}
+
 size_t countLines(std::string_view text) {
   const auto count = [text](char c) { return std::count(text.begin(), text.end(), c); };
   return static_cast<size_t>(std::max(count('\n'), count('\r')));
@@ -31,7 +37,20 @@ void PlotFollower::feed(std::string_view bytes, double seconds) {
   if (_columns) return take(bytes);
   _first.append(bytes);
   _firstLines += countLines(bytes);
+  dropBlankBeginning();
   tryToChoose(seconds, false);
+}
+
+void PlotFollower::dropBlankBeginning() {
+  const size_t mark = _first.size() - withoutByteOrderMark(_first).size();
+  const size_t text = std::min(_first.find_first_not_of(kBlanks, mark), _first.size());
+  if (text == 0) return;
+  // Blanks after the last line end may belong to the first row, unless they are too many for any.
+  const bool isTooLong = text == _first.size() && text > CsvRows::mostRowBytes;
+  const size_t end = isTooLong ? text - 1 : _first.find_last_of("\r\n", text);
+  if (end == std::string::npos) return;
+  _first.erase(0, end + 1);
+  _firstLines = countLines(_first);
 }
 
 void PlotFollower::wait(double seconds) {
@@ -75,7 +94,7 @@ void PlotFollower::tryToChoose(double seconds, bool isAtEnd) {
       _options.file == kStandardInput ? "The standard input" : "'" + sourceName(_options) + "'";
   const std::string_view lines = isAtEnd ? std::string_view(_first) : completeLines(_first);
   // Blank lines alone are no header yet.
-  if (!isAtEnd && withoutByteOrderMark(lines).find_first_not_of(" \t\r\n") == std::string_view::npos) return;
+  if (!isAtEnd && isBlank(lines)) return;
   const CsvTable table = parseCsv(lines, name);
   assertColumnsExist(table, _options);
   _namesAreKnown = true;

@@ -59,6 +59,8 @@ class PlotFollower {
  private:
   enum class FirstRow { Header, HeaderOrData, Taken };
 
+  /// Blank lines before the first row are forgotten, however many there are.
+  void dropBlankBeginning();
   bool isReady(double seconds, bool isAtEnd);
   void tryToChoose(double seconds, bool isAtEnd);
   void follow(PlotColumns columns, size_t header);

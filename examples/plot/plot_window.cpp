@@ -23,6 +23,7 @@ std::shared_ptr<VELWindowHost> openWindow(const PlotOptions& options) {
   VELWindowOptions wanted;
   wanted.title = windowTitle(options);
   wanted.size = options.size;
+  if (options.isScaleGiven) wanted.contentScale = options.scale;
   std::string failure;
   auto host = VELWindowHost::create(wanted, &failure);
   if (!host) throw PlotFailure(failure);
@@ -135,6 +136,8 @@ class FollowedWindow {
 }  // namespace
 
 bool canOpenWindow() { return VELWindowHost::hasDisplay(); }
+
+std::string whyNoWindow() { return "There is no display to open a window on"; }
 
 void showPlot(const PlotColumns& columns, const PlotOptions& options) {
   const auto host = openWindow(options);

@@ -1,11 +1,15 @@
 // plot/plot_window.h: charts in a window.
 #pragma once
 
+#include <string>
+
 #include "examples/plot/options.h"
 #include "examples/plot/plot_columns.h"
 
 /// True when the machine has a display to open a window on.
 bool canOpenWindow();
+/// What is missing when there can be none, as the beginning of a sentence.
+std::string whyNoWindow();
 
 /// Shows a chart until its window is closed or the process is interrupted.
 /// @throws PlotFailure when there is no window, font or GL

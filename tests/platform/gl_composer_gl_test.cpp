@@ -116,12 +116,17 @@ TEST_F(GLComposer, ALayerShowsItsPixelsUprightAtItsFrameAndALabelAboveIt) {
   const auto view = addLayer({10.0, 10.0, 50.0, 40.0}, 100, 80);
   EXPECT_EQ(host->picture().colorCodeAt(60, 60), kBlack) << "nothing presented, nothing to show";
   view->layer.present();
+  const auto elsewhere = VELGLContext::create();
+  ASSERT_TRUE(elsewhere && elsewhere->makeCurrent());
+  const auto stranger = std::make_shared<LayerView>(VELRect{70, 10, 20, 20}, elsewhere, 40, 40);
+  stranger->layer.present();
+  host->rootView()->addSubview(stranger);  // with a GL name that means another texture here
   addLabel("▪", {35.0, 20.0})->setTextColor(VELColor(0.0, 0.0, 1.0, 0.5));
   const VELBitmap picture = host->picture();
   EXPECT_TRUE(picture.isOpaque());
   expectPixels(picture, kRed, {{20, 20}, {119, 20}, {20, 59}});
   expectPixels(picture, kGreen, {{20, 60}, {119, 99}});
-  expectPixels(picture, kBlack, {{19, 20}, {120, 20}, {20, 19}, {20, 100}});
+  expectPixels(picture, kBlack, {{19, 20}, {120, 20}, {20, 19}, {20, 100}, {150, 30}});
   // Alpha 0.5 is the byte 127: half of the red stays below the full coverage of the square.
   bool isMixed = false;
   for (int32_t x = 60; x < 80; ++x) isMixed |= picture.colorCodeAt(x, 42) == 0xFF7F0080u;

@@ -99,6 +99,13 @@ class WindowHost : public testing::Test {
   std::shared_ptr<Taker> _taker;
 };
 
+/// What the process does on a signal.
+auto handlerOf(int signal) {
+  struct sigaction action {};
+  sigaction(signal, nullptr, &action);
+  return action.sa_handler;
+}
+
 void pushFinger(uint32_t type, int64_t finger, float x, float y, int64_t device = 7) {
   SDL_Event event{};
   event.tfinger.type = type;
@@ -131,6 +138,15 @@ TEST(WindowHostRefusals, WhatIsMissingIsNamedInOneSentence) {
   EXPECT_EQ(VELWindowHost::create({}, &failure), nullptr);
   EXPECT_NE(failure.find("neither DISPLAY"), std::string::npos) << failure;
   EXPECT_EQ(std::count(failure.begin(), failure.end(), '\n'), 0);
+  // The one that is set is the one that is named.
+  for (const auto& [variable, value] :
+       {std::pair("DISPLAY", ":54321"), std::pair("SDL_VIDEODRIVER", "nonesuch")}) {
+    setenv(variable, value, 1);
+    EXPECT_EQ(VELWindowHost::create({}, &failure), nullptr);
+    EXPECT_NE(failure.find(std::string("'") + value + "'"), std::string::npos) << failure;
+    EXPECT_EQ(handlerOf(SIGINT), SIG_DFL);
+  }
+  unsetenv("SDL_VIDEODRIVER");
 }
 
 TEST_F(WindowHost, TheMouseIsAFingerWhileItsLeftButtonIsDownAndHasAWheel) {
@@ -184,6 +200,41 @@ TEST_F(WindowHost, EveryFingerHasANumberOfItsOwnUntilItIsLifted) {
                  {0, VELTouchPhase_Began, {300.0, 200.0}},
                  {1, VELTouchPhase_Cancelled, {0.0, 0.0}},
                  {0, VELTouchPhase_Cancelled, {300.0, 200.0}}});
+}
+
+TEST_F(WindowHost, APressIsPlacedInTheSizeThatTheWindowHasByThenAndOthersWindowsAreOthers) {
+  SDL_Window* const window = SDL_GL_GetCurrentWindow();
+  _screen.resize(600, 400);
+  for (int i = 0, width = 0; i < 1000 && width != 600; ++i) {
+    SDL_Delay(1);
+    SDL_PumpEvents();
+    SDL_GetWindowSize(window, &width, nullptr);
+  }
+  pushFinger(SDL_FINGERDOWN, 1, 0.75f, 0.75f);  // outside of the root view as it was
+  SDL_Event event{};
+  event.button.type = SDL_MOUSEBUTTONDOWN;
+  event.button.button = SDL_BUTTON_LEFT;
+  SDL_PushEvent(&event);  // over no window in particular
+
+  const uint32_t other = SDL_GetWindowID(window) + 1;
+  event.button.windowID = other;
+  event.button.type = SDL_MOUSEBUTTONUP;
+  SDL_PushEvent(&event);
+  event = {};
+  event.motion.type = SDL_MOUSEMOTION;
+  event.motion.windowID = other;
+  SDL_PushEvent(&event);
+  event = {};
+  event.wheel.type = SDL_MOUSEWHEEL;
+  event.wheel.windowID = other;
+  SDL_PushEvent(&event);
+  event = {};
+  event.tfinger.type = SDL_FINGERDOWN;
+  event.tfinger.windowID = other;
+  SDL_PushEvent(&event);
+  rest();
+  expectTouches({{0, VELTouchPhase_Began, {450.0, 300.0}}, {-1, VELTouchPhase_Began, {0.0, 0.0}}});
+  EXPECT_TRUE(_taker->wheels.empty());
 }
 
 TEST_F(WindowHost, TheRootViewFollowsAThousandSizesAndADensityKeepsThePixels) {
@@ -250,6 +301,23 @@ TEST_F(WindowHost, OnlyAChangeIsPresentedAndOnRestTheProcessSleeps) {
   _host->displayLink()->remove(key);
 }
 
+// Of several charts in the window the first ones drew into what is gone, the last ones did not.
+TEST_F(WindowHost, ABeatInWhichTheContextIsLostIsNotPresentedAndTheNextOneIs) {
+  rest();
+  std::vector<uint64_t> presented;
+  const uint64_t key = _host->displayLink()->add([&](double) {
+    if (presented.empty()) _host->glContext()->setLost();
+    presented.push_back(_host->presentedFrames());
+  });
+  const uint64_t before = _host->presentedFrames();
+  _host->setBackgroundColor(VELColor(0.0f, 0.0f, 1.0f));
+  rest();
+  EXPECT_EQ(presented, (std::vector<uint64_t>{before, before}));
+  EXPECT_EQ(_host->presentedFrames(), before + 1);
+  EXPECT_EQ(_screen.pixelAt(100, 100), 0x0000FFu);
+  _host->displayLink()->remove(key);
+}
+
 TEST_F(WindowHost, AnAwaitedDisplayBeatsAtItsPeriodAndAHiddenOneNotAtAll) {
   std::vector<double> beats;
   const uint64_t key = _host->displayLink()->add([&](double seconds) { beats.push_back(seconds); }, true);
@@ -301,6 +369,32 @@ TEST_F(WindowHost, TimersAndTheLoopEndAsToldFromInside) {
   EXPECT_TRUE(watched.expired());
 }
 
+TEST_F(WindowHost, ACallFromOutsideOfTheLoopMayLetGoOfTheHostToo) {
+  std::weak_ptr<VELWindowHost> watched = _host;
+  _host->setContentScaleChanged([&](double) { _host.reset(); });
+  _host->setContentScale(2.0);
+  EXPECT_TRUE(watched.expired());
+
+  open({.title = "wide", .size = {1e6, 50.0}});
+  EXPECT_EQ(_host->rootView()->frame().size().width, 16384.0) << "as much as a driver draws into";
+  watched = _host;
+  VELWindowHost* const host = _host.get();
+  const uint64_t key = _host->addTimer(1e3, [last = std::move(_host)](double) {});
+  host->addTimer(1e3, [](double) {});
+  host->removeTimer(key);
+  EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(WindowHost, TheFirstPictureHasTheBackgroundBeforeTheLoopTurns) {
+  _host.reset();
+  _host =
+      VELWindowHost::create({.title = "red", .size = {90.0, 90.0}, .background = VELColor(1.0, 0.0, 0.0)});
+  ASSERT_TRUE(_screen.takeWindow("red"));
+  for (int i = 0; i < 100 && _screen.pixelAt(50, 50) != 0xFF0000u; ++i) SDL_Delay(10);
+  EXPECT_EQ(_screen.pixelAt(50, 50), 0xFF0000u);
+  EXPECT_EQ(_host->presentedFrames(), 0u);
+}
+
 TEST_F(WindowHost, AClosedWindowAndASignalEndTheLoopAndViewsLiveOn) {
   std::string failure;
   EXPECT_FALSE(VELWindowHost::create({}, &failure));
@@ -315,6 +409,8 @@ TEST_F(WindowHost, AClosedWindowAndASignalEndTheLoopAndViewsLiveOn) {
   EXPECT_EQ(_taker->touches[1].phase, VELTouchPhase_Cancelled);
   const auto context = _host->glContext();
   _host.reset();
+  EXPECT_TRUE(VELWindowHost::hasDisplay());
+  EXPECT_EQ(handlerOf(SIGINT), SIG_DFL) << "the application ends by it as it did before";
   EXPECT_TRUE(context->makeCurrent()) << "the views of a closed window still free what they have";
 
   for (const int signal : {SIGINT, SIGTERM}) {
@@ -322,9 +418,16 @@ TEST_F(WindowHost, AClosedWindowAndASignalEndTheLoopAndViewsLiveOn) {
     EXPECT_EQ(_host->rootView()->frame().size(), (VELSize{100.0, 80.0}));
     EXPECT_EQ(_host->picture().width(), 200);
     _host->addTimer(0.05, [signal](double) { std::raise(signal); });
+    EXPECT_NE(handlerOf(signal), SIG_DFL);
     _host->run();
     EXPECT_TRUE(_host->wasInterrupted());
     EXPECT_FALSE(_host->isOpen());
+    EXPECT_EQ(handlerOf(signal), SIG_DFL) << "the second one ends the process";
     _host.reset();
   }
+  std::signal(SIGTERM, SIG_IGN);
+  open({});
+  EXPECT_EQ(handlerOf(SIGTERM), SIG_IGN) << "what the application wants comes first";
+  _host.reset();
+  EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_IGN);
 }

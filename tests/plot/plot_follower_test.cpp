@@ -167,6 +167,21 @@ TEST(PlotFollower, ChoosesWhenRowsOrASecondArePast) {
   EXPECT_THROW(PlotFollower(optionsFor()).feed(std::string(PlotFollower::firstBytes, 'x'), 0.0), PlotFailure);
 }
 
+TEST(PlotFollower, BlankLinesBeforeTheHeaderAreForgotten) {
+  const std::string blanks[] = {std::string(8192, '\n'),
+                                std::string(4096, ' ') + "\r\n" + std::string(90, ' '),
+                                std::string(8192, '\t')};
+  for (const std::string& piece : blanks) {
+    PlotFollower follower(optionsFor());
+    int64_t bytes = 0;
+    for (; bytes < 10'000'000; bytes += static_cast<int64_t>(piece.size())) follower.feed(piece, 0.0);
+    follower.feed("\nt,a\n1,10\n", 0.0);
+    EXPECT_EQ(follower.columns(), nullptr);  // were the blanks kept, these would be bytes enough to choose
+    follower.finish(0.0);
+    EXPECT_EQ(pointsOf(*follower.data()[0]), (Points{{1, 10}}));
+  }
+}
+
 TEST(PlotFollower, SteadyRowsAllocateNothing) {
   const auto rowsFrom = [](int first, int count) {
     std::ostringstream rows;

@@ -5,7 +5,6 @@
 #include <functional>
 
 #include "tests/rendering/recorded_frame.h"
-#include "tests/rendering/test_gradient.h"
 
 namespace {
 
@@ -52,7 +51,7 @@ TEST_F(Queue, AnotherAreaOrShaderStateStartsANewStripAndAnEqualOneDoesNot) {
   EXPECT_EQ(strips().size(), 1u) << "the same area is recorded once";
   context.setDrawingArea({0, 0, 10, 11}), line(pen);
   EXPECT_EQ(strips().size(), 2u);
-  context.drawRectWithBrush(std::make_shared<TestGradient>(0xFF010101u), 0, 0, 1, 1);
+  context.drawRectWithBrush(columnGradient(0xFF010101u), 0, 0, 1, 1);
   EXPECT_EQ(strips().size(), 3u) << "a gradient after a solid brush needs a shader command";
   line(pen);
   const auto drawn = strips();
@@ -68,7 +67,8 @@ TEST_F(Queue, AFullBufferHandsTheShapeToTheNextOneAndAClearedContextUsesThemAgai
     for (int i = 0; i < 5; ++i) small.drawLineWithBrush(pen, 0, 0, 1, 0);
   };
   draw();
-  EXPECT_EQ(gl.gl().calls.size(), 12u) << "two names, two bindings and two stores for every further buffer";
+  EXPECT_EQ(gl.gl().calls.size(), 14u) << "two names, two bindings and two stores for every further buffer";
+  EXPECT_EQ(gl.gl().calls[0].text, "resetES3State()") << "a vertex array that a host bound keeps its indices";
   const auto before = replay(small, gl.gl());
   ASSERT_EQ(before.size(), 3u);
   EXPECT_EQ(before[0].indices, (Indices{0, 1, 2, 3, 3, 4, 4, 5, 6, 7}));
@@ -107,7 +107,7 @@ TEST_F(Queue, TheReplayCallsGLInThisOrder) {
   VELOpenGLContextController::o_enableContext(gl.context);
   strips();
   EXPECT_EQ(gl.gl().texts(),
-            "bindBuffer(ARRAY,1) bindBuffer(ELEMENT,2) vertexAttribPointer(0,2,FLOAT,0,16,0) "
+            "resetES3State() bindBuffer(ARRAY,1) bindBuffer(ELEMENT,2) vertexAttribPointer(0,2,FLOAT,0,16,0) "
             "vertexAttribPointer(1,4,BYTE,1,16,8) vertexAttribPointer(2,2,SHORT,1,16,12) "
             "enableVertexAttribArray(0) enableVertexAttribArray(1) enableVertexAttribArray(2) "
             "useProgram(1) uniformMatrix4fv(7) activeTexture(TEXTURE0) bindTexture(2D,1) "
@@ -165,8 +165,13 @@ TEST_F(Queue, AFrameIsReplayedOnlyOnTheContextThatItWasRecordedFor) {
   EXPECT_TRUE(VELOpenGLContextController::o_enableContext(late));
   EXPECT_TRUE(drawsNothing(unregistered, *late));
   VELOpenGLContextController::o_freeContext(late);
-  EXPECT_TRUE(VELOpenGLContextController::o_enableContext(gl.context));
+  EXPECT_TRUE(VELOpenGLContextController::o_enableContext(other.context));
+  EXPECT_TRUE(gl.context->makeCurrent());  // by the application itself
+  EXPECT_EQ(VELOpenGLContextController::o_currentState(), nullptr) << "what is known is known of the other";
+  gl.gl().calls.clear();
   EXPECT_EQ(strips().size(), 1u) << "at home it is whole";
+  EXPECT_EQ(gl.gl().count("linkProgram") + gl.gl().count("enableVertexAttribArray"), 4u);
+  EXPECT_EQ(other.context->gl().calls.size(), 0u);
 }
 
 TEST_F(Queue, ACallbackMayReplaceItselfWhileItRuns) {
@@ -180,72 +185,37 @@ TEST_F(Queue, ACallbackMayReplaceItselfWhileItRuns) {
   EXPECT_EQ(calls, "xy");
 }
 
-// Shapes announced by hand, each writing as many indices as it announces.
-class Strips : public testing::Test {
- protected:
-  using Queue = VELOpenGLDrawingQueue;
-  using Expected = std::vector<std::pair<uint32_t, uint32_t>>;
-
-  Strips() { queue.o_addDrawingBufferCommandWithBuffer(&buffer, 0, 1, 2); }
-  void shape(void (Queue::*entry)(uint32_t, uint32_t), uint32_t amount) {
-    (queue.*entry)(head(), amount), write(amount);
+// Draws and clears while its context replays, which would take the commands away from under the replay.
+struct MeddlingBrush final : VELLinearGradient<VELBrush2D> {
+  explicit MeddlingBrush(VELRenderContext2D& drawn)
+      : VELLinearGradient(std::vector<uint32_t>(256), VELGradientDirection_Vertical), context(drawn) {}
+  VELRenderContext2D& context;
+  VELBrushPtr clone() const override { return std::make_shared<MeddlingBrush>(context); }
+  void apply(VELShaderAttributes&) const override {
+    const auto column = doubles(std::vector<double>{1, 2, 3});
+    const VELPenPtr pen = VELPen2D::solid(2, 1);
+    for (int i = 0; i < 100; ++i) {
+      context.setDrawingArea({0, 0, 1.0 + i, 1});
+      context.drawLineWithBrush(pen, 0, 0, 1, 1);
+      context.drawPolylineWithBrush(pen, *column, *column, 0);
+      context.beginPolylineWithBrush(pen, 0, 0);
+    }
+    context.clear();
+    context.performDrawingCommands();
   }
-  void piece(void (Queue::*entry)(uint32_t, uint32_t, bool), uint32_t amount, bool restart) {
-    (queue.*entry)(head(), amount, restart), write(amount);
-  }
-  void area(uint32_t amount, bool restart) {
-    piece(&Queue::o_addZeroToLineAreaCommandWithStart, amount, restart);
-  }
-  void polyline(uint32_t amount, bool restart) {
-    piece(&Queue::o_addDrawPolylineCommandWithStart, amount, restart);
-  }
-  uint32_t head() const { return buffer.o_getBufferInfo().dbi_indexHead; }
-  void write(uint32_t amount) {
-    VELDrawingBufferInfo& info = buffer.o_getBufferInfo();
-    for (uint32_t i = 0; i < amount; ++i)
-      info.dbi_indexBuffer[info.dbi_indexHead++] = static_cast<uint16_t>(info.dbi_vertexHead++);
-  }
-  /// Start and count of every strip.
-  Expected strips() const {
-    Expected all;
-    for (const VELDrawingCommand* const command : queue.drawingOrder())
-      if (const auto* const strip = dynamic_cast<const VELDrawTriangleStripCommand*>(command))
-        all.emplace_back(strip->start(), strip->count());
-    return all;
-  }
-
-  VELShaderAttributes attributes;
-  Queue queue{attributes};
-  VELDrawingBuffer buffer{64};
 };
 
-TEST_F(Strips, SeparateShapesOfEveryKindAreJoinedByARestart) {
-  shape(&Queue::o_addDrawTriangleCommandWithStart, 3);
-  shape(&Queue::o_addFillEllipseCommandWithStart, 9);
-  shape(&Queue::o_addDrawRectCommandWithStart, 4);
-  for (int i = 0; i < 2; ++i) shape(&Queue::o_addDrawTriangleCommandWithStart, 3);
-  EXPECT_EQ(strips(), (Expected{{0, 22 + 4 * 2}}));
-  EXPECT_EQ(head(), 30u);
-}
-
-TEST_F(Strips, AStepOfAnAreaFollowsTheLastOneAndNothingElse) {
-  polyline(0, true);
-  EXPECT_EQ(strips(), Expected{}) << "only a polyline is announced without a strip";
-  area(0, true);
-  EXPECT_EQ(strips(), (Expected{{0, 0}}));
-  area(2, true);
-  area(2, false);
-  area(4, false);
-  EXPECT_EQ(strips(), (Expected{{0, 8}})) << "one piece";
-  area(2, true);
-  EXPECT_EQ(strips(), (Expected{{0, 12}})) << "a new piece";
-  polyline(4, false);
-  EXPECT_EQ(strips(), (Expected{{0, 18}})) << "a polyline does not go on from an area";
-  area(2, false);
-  EXPECT_EQ(strips(), (Expected{{0, 22}})) << "nor an area from a polyline";
-  queue.o_addSetDrawingAreaComandWithFrame({1, 2, 3, 4}, {});
-  area(2, false);
-  EXPECT_EQ(strips(), (Expected{{0, 22}, {22, 2}}));
+TEST_F(Queue, AReplayedFrameStaysAsItIsWhateverItsBrushesDo) {
+  line(pen);
+  context.drawRectWithBrush(std::make_shared<MeddlingBrush>(context), 0, 0, 1, 1);
+  const size_t recorded = context.drawingOrder().drawingOrder().size();
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(strips().size(), 2u);
+    EXPECT_EQ(context.drawingOrder().drawingOrder().size(), recorded);
+    EXPECT_FALSE(context.wasChanged());
+  }
+  line(pen);
+  EXPECT_TRUE(context.wasChanged()) << "afterwards it takes shapes again";
 }
 
 TEST(DrawingBuffer, UpdateRangesWidenAndAreClampedToTheCapacity) {

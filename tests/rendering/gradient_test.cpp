@@ -7,9 +7,11 @@
 
 #include "velmora/axes/coordinate_calculator_factory.h"
 #include "velmora/data/ranges.h"
+#include "velmora/data/xy_data_series.h"
 #include "velmora/rendering/brush_pass_data.h"
 #include "velmora/rendering/linear_gradient_brush.h"
 #include "velmora/rendering/linear_gradient_pen.h"
+#include "velmora/surface/render_pass_data.h"
 
 namespace {
 
@@ -130,7 +132,7 @@ struct PassData final : VELBrushPassData {
 };
 
 TEST(GradientBrush, SpansTheDataAlongTheAxisThatItRunsAlong) {
-  const auto spanOf = [](const PassData& data, VELGradientDirection direction) {
+  const auto spanOf = [](const VELBrushPassData& data, VELGradientDirection direction) {
     VELPenLinearGradient pen(1, 2, direction, 1);
     pen.setDrawingAreaX(1, 1, 1, 1);
     pen.setRenderPassData(&data);
@@ -146,6 +148,12 @@ TEST(GradientBrush, SpansTheDataAlongTheAxisThatItRunsAlong) {
   upright.zero = -1;
   EXPECT_EQ(spanOf(upright, vertical), Span(alongY.first, upright.y->getCoordinateFrom(-1)));
   EXPECT_EQ(spanOf(upright, horizontal), alongX) << "the zero line is one of Y";
+
+  const auto days = VELXyDataSeries::initWithCategoryXType(VELDataType_Double, VELDataType_Double);
+  for (const double day : {100.0, 200.0, 900.0}) days->appendX(day, 1.0);
+  EXPECT_EQ(spanOf(VELRenderPassData(nullptr, nullptr, days, {}, upright.y, upright.x), horizontal),
+            Span(upright.x->getCoordinateFrom(0), upright.x->getCoordinateFrom(2)))
+      << "categories are counted";
 
   PassData logarithmic(false, true);
   logarithmic.zero = 0;

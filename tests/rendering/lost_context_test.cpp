@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "tests/rendering/recorded_frame.h"
-#include "tests/rendering/test_gradient.h"
 #include "tests/support/recording_host.h"
 #include "velmora/rendering/opengl_render_surface.h"
 
@@ -24,17 +23,18 @@ class LostContext : public testing::Test {
     surface = VELOpenGLRenderSurface::initWithFrame({0, 0, 200, 300}, host);
     surface->setDelegate(delegate);
     surface->setDrawingBufferSize(16);
-    for (const auto& context : {surface->backgroundContext(), surface->renderContext()})
-      for (float x = 0; x < 8; ++x) {  // more than one buffer can take
-        context->drawRectWithBrush(VELBrush2D::solid(0xFF0000FFu), x, 0, x + 1, 9);
-        context->drawRectWithBrush(std::make_shared<TestGradient>(7), x, 9, x + 1, 12);
-      }
-    tick();
-    gl.calls.clear();
-    surface->renderContext()->invalidate();
+    fill();
     tick();
     whole = vertices();
     objects = gl.liveObjects();
+  }
+  void fill() {
+    for (const auto& context : {surface->backgroundContext(), surface->renderContext()})
+      for (int i = 0; i < 8; ++i) {  // more than one buffer can take
+        const auto x = static_cast<float>(i);
+        context->drawRectWithBrush(VELBrush2D::solid(0xFF0000FFu), x, 0, x + 1, 9);
+        context->drawRectWithBrush(columnGradient(7), x, 9, x + 1, 12);
+      }
   }
   void tick() {
     gl.calls.clear();
@@ -95,13 +95,33 @@ TEST_F(LostContext, ADriverThatIsNotBackYetIsAskedAtEveryRefreshAndToldOfOnce) {
   const std::string told = testing::internal::GetCapturedStderr();
   EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
   context.refuses = false;
+  gl.largest = 150;
   tick();
   EXPECT_EQ(vertices(), whole);
-  EXPECT_EQ(surface->layer().width(), 200) << "of the size that it got meanwhile";
-  context.refuses = true;
+  EXPECT_EQ(surface->layer().width(), 100)
+      << "of the size that it got meanwhile, as far as the new driver can hold it";
   context.setLost();
+  gl.calls.clear();
   surface.reset();
-  EXPECT_EQ(gl.count("delete"), 0u);
+  EXPECT_TRUE(gl.calls.empty());
+  EXPECT_TRUE(context.isLost()) << "a fresh context is not made only to free what is gone";
+}
+
+TEST_F(LostContext, BuffersMadeWhileTheDriverIsAwayAreShownWhenItIsBack) {
+  for (const bool firstOnesToo : {false, true}) {
+    if (!firstOnesToo) surface->setDrawingBufferSize(16);
+    context.refuses = true;
+    context.setLost();
+    testing::internal::CaptureStderr();
+    if (firstOnesToo) surface->setDrawingBufferSize(16);
+    fill();
+    tick();
+    testing::internal::GetCapturedStderr();
+    context.refuses = false;
+    tick();
+    EXPECT_EQ(vertices(), whole);
+    EXPECT_EQ(gl.liveObjects(), objects);
+  }
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "tests/rendering/recorded_frame.h"
-#include "tests/rendering/test_gradient.h"
 #include "velmora/rendering/polygon_primitive.h"
 
 namespace {
@@ -106,11 +105,11 @@ TEST_F(Polygon, AnyOutlineComesToAnEndAndWhatCannotBeDrawnAnswersZero) {
 }
 
 TEST_F(Polygon, WithAnyOtherBrushItsPointsAreVerticesOnly) {
-  brush = std::make_shared<TestGradient>(1);
+  brush = columnGradient(1);
   EXPECT_EQ(draw({{7, 0}, {4, 0}, {0, 3}}), 3u);
   EXPECT_EQ(buffer.o_getBufferInfo().dbi_vertexHead, 3u);
   EXPECT_EQ(buffer.o_getBufferInfo().dbi_indexHead, 0u);
-  EXPECT_EQ(buffer.o_getBufferInfo().dbi_vertexBuffer[1].textureX, 4u);
+  EXPECT_EQ(buffer.o_getBufferInfo().dbi_vertexBuffer[1].textureX, 5u);
   brush = nullptr;
   EXPECT_EQ(draw({{7, 0}, {4, 0}, {0, 3}}), 0u);
 }

@@ -13,6 +13,7 @@
 
 #include "tests/support/recording_gl.h"
 #include "velmora/data/array_controller.h"
+#include "velmora/rendering/linear_gradient_pen.h"
 #include "velmora/rendering/opengl_context_controller.h"
 #include "velmora/rendering/opengl_render_context.h"
 
@@ -90,4 +91,12 @@ inline std::shared_ptr<VELArrayController> doubles(std::span<const double> value
   auto column = VELArrayController::initWithType(VELDataType_Double);
   column->appendRange(values);
   return column;
+}
+
+/// A gradient pen that names the column x + 1 of its row at every whole x above 0.
+inline VELPenPtr columnGradient(uint32_t code) {
+  auto pen = std::make_shared<VELPenLinearGradient>(std::vector<uint32_t>(256, code),
+                                                    VELGradientDirection_Horizontal, 1.0f);
+  pen->setDrawingAreaX(0, 0, 65535, 1);
+  return pen;
 }

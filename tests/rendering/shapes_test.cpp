@@ -7,9 +7,9 @@
 #include <functional>
 #include <limits>
 #include <random>
+#include <utility>
 
 #include "tests/rendering/recorded_frame.h"
-#include "tests/rendering/test_gradient.h"
 #include "tests/support/allocation_counter.h"
 
 namespace {
@@ -17,6 +17,7 @@ namespace {
 constexpr float nan = std::numeric_limits<float>::quiet_NaN();
 constexpr float inf = std::numeric_limits<float>::infinity();
 using Indices = std::vector<uint16_t>;
+using Step = std::array<float, 3>;  // of a band: x, y1, y2
 
 std::shared_ptr<VELArrayController> floats(std::initializer_list<float> values) {
   auto column = VELArrayController::initWithType(VELDataType_Float);
@@ -27,91 +28,69 @@ std::shared_ptr<VELArrayController> floats(std::initializer_list<float> values) 
 class Shapes : public testing::Test {
  protected:
   std::vector<DrawnStrip> strips() { return replay(context, gl.gl()); }
-  void area(std::initializer_list<VELPoint> line, float zero, bool isVertical) {
-    bool isFirst = true;
-    for (const VELPoint point : line) {
+  void area(std::span<const VELPoint> line, float zero, bool isVertical) {
+    for (const VELPoint& point : line) {
       const auto x = static_cast<float>(point.x), y = static_cast<float>(point.y);
-      isFirst ? context.beginZeroToLineAreaWithBrush(brush, x, y, zero, isVertical)
-              : context.extendZeroToLineAreaWithBrush(brush, x, y, zero, isVertical);
-      isFirst = false;
+      &point == line.data() ? context.beginZeroToLineAreaWithBrush(brush, x, y, zero, isVertical)
+                            : context.extendZeroToLineAreaWithBrush(brush, x, y, zero, isVertical);
     }
   }
-  void band(std::initializer_list<std::array<float, 3>> steps, bool isVertical) {
-    bool isFirst = true;
-    for (const auto& [x, y1, y2] : steps) {
-      isFirst ? context.beginBandAreaWithBrush1(brush, other, x, y1, y2, isVertical)
-              : context.extendBandAreaWithBrush1(brush, other, x, y1, y2, isVertical);
-      isFirst = false;
+  void area(std::initializer_list<VELPoint> line, float zero) { area(std::span(line), zero, false); }
+  void band(std::span<const Step> steps, bool isVertical) {
+    for (const Step& step : steps) {
+      const auto [x, y1, y2] = step;
+      &step == steps.data() ? context.beginBandAreaWithBrush1(brush, other, x, y1, y2, isVertical)
+                            : context.extendBandAreaWithBrush1(brush, other, x, y1, y2, isVertical);
     }
   }
+  void band(std::initializer_list<Step> steps, bool isVertical) { band(std::span(steps), isVertical); }
   void ellipse() { context.drawEllipseWithBrush(brush, 10, 20, *floats({2, 0, -2}), *floats({0, 1, 0})); }
 
   RegisteredGL gl;
   VELOpenGLRenderContext context{64, gl.context};
   VELBrushPtr brush = VELBrush2D::solid(0xFF0000AAu), other = VELBrush2D::solid(0xFF00BB00u);
+  VELPenPtr pen = VELPen2D::solid(0xFF112233u, 1.0f);
 };
 
 TEST_F(Shapes, EveryKindWritesItsVerticesAndIndicesInThisOrder) {
-  const std::tuple<std::function<void()>, Indices, Places> rows[] = {
-      {[&] { context.drawTriangleWithBrush(brush, 1, 2, 3, 4, 5, 7); }, {0, 1, 2}, {{1, 2}, {3, 4}, {5, 7}}},
-      {[&] { context.drawSpriteWithBrush(brush, 1, 2, 5, 8); },
-       {0, 1, 2, 3},
-       {{1, 2}, {5, 2}, {1, 8}, {5, 8}}},
-      {[&] {
-         area({{0, 5}, {10, 6}}, 2, false);
-       },
-       {0, 1, 2, 3},
-       {{0, 5}, {0, 2}, {10, 6}, {10, 2}}},
-      {[&] {
-         area({{5, 0}, {6, 10}}, 2, true);
-       },
-       {0, 1, 2, 3},
-       {{5, 0}, {2, 0}, {6, 10}, {2, 10}}},
-      {[&] {
-         area({{0, 5}, {10, -5}}, 0, false);
-       },
-       {0, 1, 2, 2, 3, 4},
-       {{0, 5}, {0, 0}, {5, 0}, {5, 0}, {10, -5}, {10, 0}}},
-      {[&] {
-         area({{5, 0}, {-5, 10}}, 0, true);
-       },
-       {0, 1, 2, 2, 3, 4},
-       {{5, 0}, {0, 0}, {0, 5}, {0, 5}, {-5, 10}, {0, 10}}},
-      {[&] {
-         area({{0, 3e38}, {8, -3e38}}, 0, false);
-       },
-       {0, 1, 2, 2, 3, 4},
-       {{0, 3e38f}, {0, 0}, {4, 0}, {4, 0}, {8, -3e38f}, {8, 0}}},
-      {[&] {
-         band({{0, 1, 3}, {4, 2, 5}}, false);
-       },
-       {0, 1, 2, 3},
-       {{0, 1}, {0, 3}, {4, 2}, {4, 5}}},
-      {[&] {
-         band({{0, 0, 8}, {4, 4, 0}}, false);
-       },
-       {0, 1, 2, 3, 4, 5},
-       {{0, 0}, {0, 8}, {2.6666667f, 2.6666667f}, {2.6666667f, 2.6666667f}, {4, 4}, {4, 0}}},
-      {[&] {
-         band({{0, 0, 8}, {4, 8, 0}}, true);
-       },
-       {0, 1, 2, 3, 4, 5},
-       {{0, 0}, {8, 0}, {4, 2}, {4, 2}, {8, 4}, {0, 4}}},
-      {[&] {
-         band({{4, 0, 8}, {4, 8, 0}}, false);
-       },
-       {0, 1, 2, 3, 4, 5},
-       {{4, 0}, {4, 8}, {4, 4}, {4, 4}, {4, 8}, {4, 0}}},
-      {[&] { ellipse(); },
-       {0, 3, 1, 3, 2, 3, 0},
-       {{12, 20}, {10, 20}, {10, 21}, {10, 20}, {8, 20}, {10, 20}, {12, 20}}}};
-  for (const auto& [draw, indices, places] : rows) {
-    context.clear();
-    draw();
+  const Indices four = consecutive(0, 4), six = consecutive(0, 6), crossing = {0, 1, 2, 2, 3, 4};
+  const auto holds = [&](const Indices& indices, const Places& places) {
     const auto drawn = strips();
     ASSERT_EQ(drawn.size(), 1u);
     EXPECT_EQ(drawn[0].indices, indices);
     EXPECT_EQ(placesOf(drawn[0]), places);
+    context.clear();
+  };
+  context.drawTriangleWithBrush(brush, 1, 2, 3, 4, 5, 7);
+  holds({0, 1, 2}, {{1, 2}, {3, 4}, {5, 7}});
+  context.drawSpriteWithBrush(brush, 1, 2, 5, 8);
+  holds(four, {{1, 2}, {5, 2}, {1, 8}, {5, 8}});
+  ellipse();
+  holds({0, 3, 1, 3, 2, 3, 0}, {{12, 20}, {10, 20}, {10, 21}, {10, 20}, {8, 20}, {10, 20}, {12, 20}});
+
+  const std::tuple<std::vector<VELPoint>, float, bool, Indices, Places> areas[] = {
+      {{{0, 5}, {10, 6}}, 2, false, four, {{0, 5}, {0, 2}, {10, 6}, {10, 2}}},
+      {{{5, 0}, {6, 10}}, 2, true, four, {{5, 0}, {2, 0}, {6, 10}, {2, 10}}},
+      {{{0, 5}, {10, -5}}, 0, false, crossing, {{0, 5}, {0, 0}, {5, 0}, {5, 0}, {10, -5}, {10, 0}}},
+      {{{5, 0}, {-5, 10}}, 0, true, crossing, {{5, 0}, {0, 0}, {0, 5}, {0, 5}, {-5, 10}, {0, 10}}},
+      {{{0, 3e38}, {8, -3e38}},
+       0,
+       false,
+       crossing,
+       {{0, 3e38f}, {0, 0}, {4, 0}, {4, 0}, {8, -3e38f}, {8, 0}}}};
+  for (const auto& [line, zero, isVertical, indices, places] : areas) {
+    area(line, zero, isVertical);
+    holds(indices, places);
+  }
+  constexpr float met = 8.0f / 3;
+  const std::tuple<std::vector<Step>, bool, Indices, Places> bands[] = {
+      {{{0, 1, 3}, {4, 2, 5}}, false, four, {{0, 1}, {0, 3}, {4, 2}, {4, 5}}},
+      {{{0, 0, 8}, {4, 4, 0}}, false, six, {{0, 0}, {0, 8}, {met, met}, {met, met}, {4, 4}, {4, 0}}},
+      {{{0, 0, 8}, {4, 8, 0}}, true, six, {{0, 0}, {8, 0}, {4, 2}, {4, 2}, {8, 4}, {0, 4}}},
+      {{{4, 0, 8}, {4, 8, 0}}, false, six, {{4, 0}, {4, 8}, {4, 4}, {4, 4}, {4, 8}, {4, 0}}}};
+  for (const auto& [steps, isVertical, indices, places] : bands) {
+    band(steps, isVertical);
+    holds(indices, places);
   }
 }
 
@@ -137,6 +116,7 @@ TEST_F(Shapes, EachShapeNeedsExactlyItsRoomAndAMarginForTheNextJoin) {
       {[&] { return bandTo(2); }, 4, 4, 2},
       {[&] { return bandTo(-2); }, 6, 6, 4},
       {[&] { return ellipse.o_drawEllipsePrimitiveWithBrush(brush, 0, 0, *xs, *ys); }, 6, 9, 4}};
+  for (const Row& row : rows) EXPECT_EQ(row.draw(), 0u) << "without a buffer";
   for (const Row& row : rows)
     for (const auto& [vertices, indices] : {std::pair(1u, 0u), {0u, 1u}, {0u, 0u}}) {
       VELShaderAttributes attributes;
@@ -157,24 +137,30 @@ TEST_F(Shapes, EachShapeNeedsExactlyItsRoomAndAMarginForTheNextJoin) {
 }
 
 TEST_F(Shapes, AFrameOfAllKindsIsOneStripWithARestartBeforeEveryNewShape) {
+  const auto extendArea = [&](float x) { context.extendZeroToLineAreaWithBrush(brush, x, 1, 0, false); };
   context.drawTriangleWithBrush(brush, 0, 0, 1, 0, 0, 1);          // 0 1 2
-  area({{0, 1}, {1, 1}, {1, 1}}, 0, false);                        // 3 4 5 6, anew at the same point: 7 8
+  area({{0, 1}, {1, 1}, {1, 1}}, 0);                               // 3 4 5 6, anew at the same point: 7 8
   band({{0, 1, 2}, {1, 1, 2}}, false);                             // 9 10 11 12
   ellipse();                                                       // 13 … 16
   context.drawSpriteWithBrush(other, 0, 0, 1, 1);                  // 17 … 20
   context.extendBandAreaWithBrush1(brush, other, 2, 1, 2, false);  // 21 22
+  context.beginPolylineWithBrush(pen, 0, 0);
+  context.extendPolylineWithBrush(pen, 1, 0);  // 23 … 26
+  extendArea(2);                               // 27 28, not from the polyline
+  context.extendPolylineWithBrush(pen, 2, 0);  // 29 … 32, not from the area
   const auto drawn = strips();
   ASSERT_EQ(drawn.size(), 1u);
   EXPECT_EQ(drawn[0].indices,
-            (Indices{0,  1,  2,  2,  3,  3,  4,  5,  6,  6,  7,  7,  8,  8,  9,  9,  10, 11, 12,
-                     12, 13, 13, 16, 14, 16, 15, 16, 13, 13, 17, 17, 18, 19, 20, 20, 21, 21, 22}));
-  context.drawTriangleWithBrush(std::make_shared<TestGradient>(7), 0, 0, 1, 0, 0, 1);
+            (Indices{0,  1,  2,  2,  3,  3,  4,  5,  6,  6,  7,  7,  8,  8,  9,  9,  10, 11,
+                     12, 12, 13, 13, 16, 14, 16, 15, 16, 13, 13, 17, 17, 18, 19, 20, 20, 21,
+                     21, 22, 22, 23, 23, 24, 25, 26, 26, 27, 27, 28, 28, 29, 29, 30, 31, 32}));
+  context.drawTriangleWithBrush(columnGradient(7), 0, 0, 1, 0, 0, 1);
   context.setDrawingArea({0, 0, 1, 1});
-  ellipse();
+  extendArea(3);
   const auto more = strips();
   ASSERT_EQ(more.size(), 3u) << "another shader, another area";
-  EXPECT_EQ(more[1].indices, consecutive(23, 3));
-  EXPECT_EQ(more[2].indices, (Indices{26, 29, 27, 29, 28, 29, 26}));
+  EXPECT_EQ(more[1].indices, consecutive(33, 3));
+  EXPECT_EQ(more[2].indices, consecutive(36, 2)) << "the new pair alone";
 }
 
 using Corner = std::tuple<float, float, uint32_t, uint16_t>;
@@ -202,7 +188,7 @@ TEST_F(Shapes, AnAreaShowsTheSameTrianglesInSmallBuffersAsInOneLargeOne) {
   std::mt19937 random(20261123);
   for (int round = 0; round < 200; ++round) {
     const bool isVertical = round % 2 == 0, isBand = round % 4 < 2;
-    const VELBrushPtr with = round % 3 == 0 ? std::make_shared<TestGradient>(9) : brush;
+    const VELBrushPtr with = round % 3 == 0 ? VELBrushPtr(columnGradient(9)) : brush;
     VELOpenGLRenderContext small(static_cast<int32_t>(8 + random() % 20), gl.context);
     VELOpenGLRenderContext large(1024, gl.context);
     size_t slices = 0;
@@ -249,7 +235,7 @@ TEST_F(Shapes, ABandIsColouredByItsSidesAndAMissingBrushLeavesItsSideTransparent
     EXPECT_EQ(colors(), isSecond ? std::vector(6, 0u) : (std::vector{0u, 0u, 0u, two, two, two}));
     if (!isSecond) brush = VELBrush2D::solid(0);
   }
-  const auto gradient = std::make_shared<TestGradient>(7);
+  const auto gradient = columnGradient(7);
   context.beginBandAreaWithBrush1(brush, gradient, 0, 1, 2, false);
   EXPECT_EQ(gradient->gradientIndex(), 1) << "it colours vertices, so it needs its row";
 }
@@ -259,17 +245,17 @@ TEST_F(Shapes, ASpriteTakesTheWholeTextureAndGradientsAreAskedAtEveryVertex) {
   const auto sprite = strips().at(0).vertices;
   EXPECT_EQ(sprite[1], (VELVertex{5, 2, 0xFF0000AAu, 65535, 0}));
   EXPECT_EQ(sprite[2], (VELVertex{1, 8, 0xFF0000AAu, 0, 65535}));
-  brush = std::make_shared<TestGradient>(3);
+  brush = columnGradient(3);
   for (const std::function<void()>& draw : std::initializer_list<std::function<void()>>{
            [&] { context.drawTriangleWithBrush(brush, 1, 2, 3, 4, 5, 7); }, [&] { ellipse(); },
            [&] {
-             area({{1, 5}, {9, -5}}, 0, false);
+             area({{1, 5}, {9, -5}}, 0);
            }}) {
     context.clear();
     draw();
     const auto drawn = strips();
     for (const VELVertex& vertex : drawn.at(0).vertices)
-      EXPECT_EQ(vertex.textureX, static_cast<uint16_t>(vertex.x));
+      EXPECT_EQ(vertex.textureX, static_cast<uint16_t>(vertex.x) + 1);
   }
 }
 
@@ -301,28 +287,33 @@ TEST_F(Shapes, WhatCannotBeDrawnRecordsNothingAndTakesNoBuffer) {
   EXPECT_EQ(context.drawingBufferCount(), 1u);
 }
 
-TEST_F(Shapes, AnOutlineStandsOnItsEllipseAtEqualAnglesAndStaysEmptyInOtherColumns) {
+// Bit for bit: pictures of charts are compared between releases.
+TEST_F(Shapes, AnOutlineTurnsByEqualAnglesInSinglePrecisionAndStaysEmptyInOtherColumns) {
   struct Row {
     float vertical, horizontal;
     int32_t detalization, points;
+    float startX, scaleX, scaleY;
   };
-  for (const Row& row : {Row{1, 2, 4, 4},
-                         {1, 0, 4, 4},
-                         {0, 0, 4, 4},
-                         {3, 1e-40f, 8, 8},
-                         {-2, 5, 7, 7},
-                         {1, 1, 0, 0},
-                         {1, 1, -3, 0},
-                         {1, 1, 300, 300},
-                         {1, 1, INT32_MAX, 32766}}) {
+  const Row rows[] = {{1, 2, 4, 4, 2, 1, 0.5f},
+                      {3, 2, 300, 300, 2, 1, 1.5f},
+                      {-2, 5, 7, 7, 5, 1, -2.0f / 5},
+                      {1, 0, 4, 4, 1, 0, 1},
+                      {0, 0, 4, 4, 1, 0, 0},
+                      {3, 1e-40f, 8, 8, 1, 1e-40f, 3},
+                      {1, 1, INT32_MAX, 32766, 1, 1, 1},
+                      {1, 1, 0, 0, 1, 1, 1},
+                      {1, 1, -3, 0, 1, 1, 1}};
+  for (const Row& row : rows) {
     const auto xs = floats({9}), ys = floats({9, 9});
     context.renderEllipseToBufferX(*xs, *ys, row.vertical, row.horizontal, row.detalization);
     ASSERT_EQ(xs->count(), row.points);
     ASSERT_EQ(ys->count(), row.points);
+    const float angle = 6.2831852f / static_cast<float>(row.points), c = std::cos(angle), s = std::sin(angle);
+    float x = row.startX, y = 0;
     for (size_t i = 0; i < xs->floats().size(); ++i) {
-      const double angle = 2 * M_PI * static_cast<double>(i) / row.points;
-      ASSERT_NEAR(xs->floats()[i], row.horizontal * std::cos(angle), 4e-3);
-      ASSERT_NEAR(ys->floats()[i], row.vertical * std::sin(angle), 4e-3);
+      ASSERT_EQ(xs->floats()[i], row.scaleX * x) << i << " of " << row.points;
+      ASSERT_EQ(ys->floats()[i], row.scaleY * y) << i << " of " << row.points;
+      x = c * x - s * std::exchange(y, y * c + x * s);
     }
   }
   const auto right = floats({1}), wrong = doubles(std::array{1.0});
@@ -331,7 +322,6 @@ TEST_F(Shapes, AnOutlineStandsOnItsEllipseAtEqualAnglesAndStaysEmptyInOtherColum
 }
 
 TEST_F(Shapes, AFrameLikeTheLastOneAllocatesNothing) {
-  const VELPenPtr pen = VELPen2D::solid(1, 1);
   const auto xs = floats({2, 0, -2}), ys = floats({0, 1, 0});
   const auto line = doubles(std::array{1.0, 2.0, 3.0});
   const auto draw = [&] {
@@ -345,7 +335,7 @@ TEST_F(Shapes, AFrameLikeTheLastOneAllocatesNothing) {
       context.drawEllipseWithBrush(brush, 0, 0, *xs, *ys);
       context.drawPolylineWithBrush(pen, *line, *line, 0);
       context.renderEllipseToBufferX(*xs, *ys, 2, 1, 3);
-      area({{0, 5}, {10, -5}}, 0, false);
+      area({{0, 5}, {10, -5}}, 0);
       band({{0, 0, 8}, {4, 8, 0}}, true);
     }
   };

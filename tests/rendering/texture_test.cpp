@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "tests/rendering/recorded_frame.h"
+#include "tests/support/gl_error_watch.h"
 
 namespace {
 
@@ -58,6 +59,26 @@ TEST(Texture, IsEmptyWithTooFewPixelsAndImpossibleSizes) {
     EXPECT_EQ(gl.gl().last("texImage2D(2D,RGBA,1,1)").bytes, std::vector<std::byte>(4));
     EXPECT_FALSE(texture->isValid());
   }
+}
+
+TEST(Texture, IsMadeWhateverAHostLeftBoundAndIsTransparentWhereThereIsNoMemoryForIt) {
+  expectGLErrorsInThisTest();
+  RegisteredGL gl;
+  gl.gl().error = 0x0502;  // somebody else's
+  VELTextureOpenGL taken(Bytes(16), 2, 2);
+  EXPECT_EQ(gl.gl().texts(),
+            "activeTexture(TEXTURE0) genTexture(1) bindTexture(2D,1) texParameteri(2D,WRAP_S,CLAMP) "
+            "texParameteri(2D,WRAP_T,CLAMP) resetES3State() pixelStorei() texImage2D(2D,RGBA,2,2) "
+            "texParameteri(2D,MIN,LINEAR) texParameteri(2D,MAG,LINEAR)");
+  gl.gl().failing = "texImage2D";
+  testing::internal::CaptureStderr();
+  VELTextureOpenGL refused(Bytes(16), 2, 2);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "OpenGL has no memory for a picture of 2 x 2 pixels; it is not drawn.\n");
+  EXPECT_EQ(gl.gl().calls.back().text.substr(0, 13), "texParameteri");
+  EXPECT_EQ(gl.gl().last("texImage2D").text, "texImage2D(2D,RGBA,1,1)");
+  for (VELTextureOpenGL* const texture : {&taken, &refused}) texture->editRows(0, 1), texture->bind(0);
+  EXPECT_EQ(gl.gl().count("texSubImage2D"), 1u);
 }
 
 TEST(Texture, SendsTheRowsThatChangedWhenItIsDrawnNext) {

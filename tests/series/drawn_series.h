@@ -1,6 +1,7 @@
 // series/drawn_series.h: one line series, drawn without axes into a context that records.
 #pragma once
 
+#include <functional>
 #include <limits>
 #include <memory>
 #include <string>
@@ -19,6 +20,17 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 inline std::shared_ptr<VELCoordinateCalculator> identity(bool horizontal, bool flipped = false) {
   return std::make_shared<VELFlippedDoubleCoordinateCalculator>(101.0, 0.0, 100.0, true, horizontal, flipped);
 }
+
+/// Answers what a test says; null at first.
+struct TestPalette : VELPaletteProvider {
+  using Style = std::shared_ptr<const VELSeriesStyle>;
+  std::function<Style(double x, double y, uint32_t index)> answer = [](double, double, uint32_t) {
+    return nullptr;
+  };
+  std::function<void()> onUpdate = [] {};
+  void updateData(const VELRenderPassData&) override { onUpdate(); }
+  Style styleForX(double x, double y, uint32_t index) override { return answer(x, y, index); }
+};
 
 /// A series with its points, in a viewport of 200 by 100 points.
 struct DrawnSeries {

@@ -9,15 +9,9 @@
 #include "velmora/axes/date_time_axis.h"
 #include "velmora/axes/numeric_axis.h"
 #include "velmora/series/line_hit_test_provider.h"
-#include "velmora/series/palette_provider.h"
 #include "velmora/surface/series_info.h"
 
 namespace {
-
-struct NoStyle : VELPaletteProvider {
-  void updateData(const VELRenderPassData&) override {}
-  std::shared_ptr<const VELSeriesStyle> styleForX(double, double, uint32_t) override { return nullptr; }
-};
 
 VELHitTestInfo touch(DrawnSeries& drawn, VELPoint point, VELHitTestMode mode, double radius = 3.0) {
   drawn.draw();
@@ -46,7 +40,7 @@ TEST(LineHitTest, DistanceIsThatToTheLineAsDrawn) {
     for (int kind = 0; kind < 8; ++kind) {
       DrawnSeries drawn(places, ys, (kind & 1) != 0);
       drawn.series->style()->setIsDigitalLine((kind & 2) != 0);
-      if (kind & 4) drawn.series->setPaletteProvider(std::make_shared<NoStyle>());
+      if (kind & 4) drawn.series->setPaletteProvider(std::make_shared<TestPalette>());
       for (double x = -20.0; x <= 120.0; x += 17.5)
         for (double y = -20.0; y <= 120.0; y += 17.5) {
           const auto found = touch(drawn, {x, y}, VELHitTestMode_Nearest);
@@ -101,14 +95,15 @@ TEST(LineHitTest, TheModeChoosesThePoint) {
 TEST(LineHitTest, NothingIsFoundWhereNothingIsDrawn) {
   const std::function<void(DrawnSeries&)> rows[] = {
       [](DrawnSeries& drawn) { drawn.series->setIsVisible(false); },
-      [](DrawnSeries& drawn) { drawn.series->setDataSeries(nullptr); }};
+      [](DrawnSeries& drawn) { drawn.series->setDataSeries(nullptr); },
+      [](DrawnSeries& drawn) { RecordingChart().surface->attachRenderableSeries(drawn.series); }};
   for (const auto& takeAway : rows) {
     DrawnSeries drawn({0, 1}, {0, 1});
     EXPECT_TRUE(touch(drawn, {0, 0}, VELHitTestMode_Nearest).isHit);
     EXPECT_FALSE(touch(drawn, {kNaN, 0}, VELHitTestMode_Nearest).hasPoint());
     EXPECT_FALSE(touch(drawn, {0, 0}, VELHitTestMode_Nearest, kNaN).isHit);
-    takeAway(drawn);
-    EXPECT_FALSE(touch(drawn, {0, 0}, VELHitTestMode_Nearest).hasPoint());
+    takeAway(drawn);  // which counts at once, not from the next pass on
+    EXPECT_FALSE(drawn.series->hitTestProvider()->hitTestSeries(*drawn.series, {0, 0}).hasPoint());
   }
   DrawnSeries gaps({0, 1}, {kNaN, kNaN}), beyond({0, 1}, {1e300, -1e300});
   for (const auto mode : {VELHitTestMode_NearestX, VELHitTestMode_Nearest, VELHitTestMode_Interpolate}) {

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "tests/series/drawn_series.h"
 #include "velmora/axes/numeric_axis.h"
 #include "velmora/data/xy_data_series.h"
 #include "velmora/platform/offscreen/offscreen_host.h"
@@ -17,16 +18,6 @@
 namespace {
 
 constexpr uint32_t kRed = 0xFF0000FF, kGreen = 0xFF00FF00, kBlue = 0xFFFF0000;
-
-// The segment to the second point is red, all others are the series' own.
-struct RedFirst : VELPaletteProvider {
-  std::shared_ptr<VELLineSeriesStyle> red = std::make_shared<VELLineSeriesStyle>();
-  RedFirst() { red->setLinePen(VELPen2D::solid(kRed, 3.0f)); }
-  void updateData(const VELRenderPassData&) override {}
-  std::shared_ptr<const VELSeriesStyle> styleForX(double, double, uint32_t index) override {
-    return index == 1 ? red : nullptr;
-  }
-};
 
 TEST(LineSeriesPicture, StepsPaletteAndMarkersStandWhereTheHitTestSaysAtEveryDensity) {
   for (const double density : {1.0, 2.0})
@@ -52,7 +43,12 @@ TEST(LineSeriesPicture, StepsPaletteAndMarkersStandWhereTheHitTestSaysAtEveryDen
       const auto marker = std::make_shared<VELEllipsePointMarker>();
       marker->setFillBrush(VELBrush2D::solid(kGreen));
       series->style()->setPointMarker(marker);
-      series->setPaletteProvider(std::make_shared<RedFirst>());
+      // The segment to the second point is red, all others are the series' own.
+      const auto red = std::make_shared<VELLineSeriesStyle>();
+      red->setLinePen(VELPen2D::solid(kRed, 3.0f));
+      const auto palette = std::make_shared<TestPalette>();
+      palette->answer = [&](double, double, uint32_t index) { return index == 1 ? red : nullptr; };
+      series->setPaletteProvider(palette);
       view->surface()->attachRenderableSeries(series);
       ASSERT_TRUE(host->settle(0.0));
 

@@ -3,12 +3,15 @@
 #include <cmath>
 #include <functional>
 #include <numbers>
+#include <utility>
 
 #include "tests/series/drawn_series.h"
 #include "tests/support/reason_of.h"
+#include "velmora/axes/axis_style.h"
 #include "velmora/axes/flipped_double_coordinate_calculator.h"
 #include "velmora/axes/numeric_axis.h"
 #include "velmora/platform/exception.h"
+#include "velmora/series/point_marker_clusterizer.h"
 #include "velmora/series/renderable_series_drawing_helper.h"
 
 namespace {
@@ -41,19 +44,12 @@ TEST(LineSeries, DrawsItsPointsStraightOrInStepsAlsoOnVerticalCharts) {
 }
 
 TEST(LineSeries, NothingIsDrawnWithoutSomethingToDraw) {
-  const std::function<void(DrawnSeries&)> rows[] = {
+  std::vector<std::function<void(DrawnSeries&)>> rows = {
       [](DrawnSeries& drawn) { drawn.series->setIsVisible(false); },
       [](DrawnSeries& drawn) { drawn.series->setDataSeries(nullptr); },
-      [](DrawnSeries& drawn) { drawn.series->style()->setLinePen(nullptr); },
-      [](DrawnSeries& drawn) {
-        drawn.surface->setFrame({0.0, 0.0, 0.0, 100.0});
-      },
-      [](DrawnSeries& drawn) {
-        drawn.surface->setFrame({0.0, 0.0, 100.0, 0.0});
-      },
-      [](DrawnSeries& drawn) {
-        drawn.surface->setFrame({0.0, 0.0, 1.0, 1.0});
-      }};
+      [](DrawnSeries& drawn) { drawn.series->style()->setLinePen(nullptr); }};
+  for (const VELSize size : {VELSize{0.0, 100.0}, {100.0, 0.0}, {1.0, 1.0}})
+    rows.push_back([size](auto& drawn) { drawn.surface->setFrame({0.0, 0.0, size.width, size.height}); });
   for (const auto& takeAway : rows) {
     DrawnSeries drawn({0, 1}, {0, 1});
     ASSERT_FALSE(drawn.polyline().empty());
@@ -67,8 +63,6 @@ TEST(LineSeries, AStyleIsCopiedAndItsChangesShow) {
   RecordingChart chart;
   auto series = std::make_shared<VELFastLineRenderableSeries>();
   EXPECT_EQ(series->style()->linePen()->colorCode(), 0xFF50A0F0u);
-  EXPECT_EQ(series->style()->linePen()->strokeThickness(), 1.0f);
-  EXPECT_EQ(series->resamplingMode(), VELResamplingMode_MinMax);
   chart.surface->attachRenderableSeries(series);
   VELLineSeriesStyle style;
   style.setLinePen(VELPen2D::solid(7, 2.0f));
@@ -84,6 +78,9 @@ TEST(LineSeries, AStyleIsCopiedAndItsChangesShow) {
       {[&] { series->style()->setIsDigitalLine(true); }, true},
       {[&] { series->setIsVisible(false); }, false},  // visibility waits for the next redraw
       {[&] { series->setDataSeries(nullptr); }, true},
+      {[&] { series->setXAxisId("x"); }, true},
+      {[&] { series->setXAxisId("x"); }, false},
+      {[&] { series->setYAxisId("y"); }, true},
       {[&] { series->setStyle(style); }, true},
       {[&] { series->style()->setDrawPointMarkers(true); }, true},
       {[&] { series->style()->setPointMarker(nullptr); }, true},
@@ -104,6 +101,38 @@ TEST(LineSeries, AStyleIsCopiedAndItsChangesShow) {
   chart.surface->detachRenderableSeries(series);
   series.reset();
   block();  // a copy of the block finds nobody
+}
+
+TEST(Styles, ABlockMayReplaceItselfWhileItRuns) {
+  int calls = 0;
+  // Reads what it captured after it was replaced; a second change finds nobody.
+  const auto expectOneCall = [&](auto set, const std::function<void(double)>& change) {
+    calls = 0;
+    set([&calls, set, step = std::vector<int>{1}](const auto&...) {
+      set({});
+      calls += step[0];
+    });
+    change(5.0);
+    change(6.0);
+    EXPECT_EQ(calls, 1);
+  };
+  VELLineSeriesStyle line;
+  VELPointMarkerClusterizer cluster;
+  VELAxisStyle axis;
+  VELTextFormattingStyle text;
+  RecordingChart chart;
+  using Block = std::function<void()>;
+  expectOneCall([&](Block block) { line.setStyleChanged(std::move(block)); },
+                [&](double size) { line.setClusterSpacing(static_cast<float>(size)); });
+  expectOneCall([&](Block block) { cluster.setPropertiesChanged(std::move(block)); },
+                [&](double size) { cluster.setSpacing(static_cast<float>(size)); });
+  expectOneCall([&](Block block) { axis.setStyleChanged(std::move(block)); },
+                [&](double size) { axis.titleStyle().setFontSize(size); });
+  expectOneCall([&](Block block) { text.setStyleChanged(std::move(block)); },
+                [&](double size) { text.setFontSize(size); });
+  expectOneCall(
+      [&](VELChartSurfaceViewBase::LayoutBlock block) { chart.view->setOnLayoutSubviews(std::move(block)); },
+      [&](double) { chart.view->layoutSubviews(); });
 }
 
 TEST(SeriesBase, WidthOfAPointIsTheNarrowestGap) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <numeric>
 #include <utility>
 
 #include "tests/series/drawn_series.h"
@@ -11,20 +12,7 @@
 
 namespace {
 
-using Style = std::shared_ptr<const VELSeriesStyle>;
-
-// Answers what a test says and notes what it was asked.
-struct Palette : VELPaletteProvider {
-  std::function<Style(double, double, uint32_t)> answer = [](double, double, uint32_t) { return nullptr; };
-  std::function<void()> onUpdate = [] {};
-  int updates = 0;
-  std::vector<double> asked;
-  void updateData(const VELRenderPassData&) override { ++updates, onUpdate(); }
-  Style styleForX(double x, double y, uint32_t index) override {
-    asked.insert(asked.end(), {x, y, static_cast<double>(index)});
-    return answer(x, y, index);
-  }
-};
+using Style = TestPalette::Style;
 
 struct OtherStyle : VELSeriesStyle {};
 
@@ -52,8 +40,8 @@ std::shared_ptr<VELLineSeriesStyle> styleOf(VELPenPtr pen, bool markers = false)
 // A palette that colours by index, on a series of colour 5.
 struct PalettedSeries : DrawnSeries {
   using DrawnSeries::DrawnSeries;
-  std::shared_ptr<Palette> palette = [this] {
-    auto made = std::make_shared<Palette>();
+  std::shared_ptr<TestPalette> palette = [this] {
+    auto made = std::make_shared<TestPalette>();
     series->style()->setLinePen(VELPen2D::solid(5, 1.0f));
     series->setPaletteProvider(made);
     return made;
@@ -84,18 +72,19 @@ TEST(PalettedLine, TheStyleOfASegmentIsThatOfThePointWhereItEnds) {
   for (const auto& row : rows) {
     PalettedSeries drawn({0, 1, 2, 3}, {4, kNaN, 6, 8}, row.vertical);
     drawn.series->style()->setIsDigitalLine(row.digital);
-    drawn.palette->answer = [](double, double, uint32_t index) {
+    int updates = 0;
+    std::vector<double> asked;
+    drawn.palette->onUpdate = [&] { ++updates; };
+    drawn.palette->answer = [&](double x, double y, uint32_t index) {
+      asked.insert(asked.end(), {x, y, 10.0 + index});
       return styleOf(VELPen2D::solid(10 + index, 1.0f));
     };
     EXPECT_EQ(drawn.line(), row.line);
-    EXPECT_EQ(drawn.palette->updates, 2);
+    EXPECT_EQ(updates, 2);
     // Asked for every place of the line, corners too, and then for every point again for its marker.
-    std::vector<double> places = row.line;
-    for (size_t i = 2; i < places.size(); i += 3) places[i] -= 10;
-    EXPECT_EQ(std::vector<double>(drawn.palette->asked.begin(),
-                                  drawn.palette->asked.begin() + static_cast<std::ptrdiff_t>(places.size())),
-              places);
-    EXPECT_EQ(drawn.palette->asked.size(), places.size() + 9);
+    EXPECT_EQ(asked.size(), row.line.size() + 9);
+    asked.resize(row.line.size());
+    EXPECT_EQ(asked, row.line);
   }
 }
 
@@ -128,60 +117,76 @@ TEST(PalettedLine, WhatAStyleLacksIsTheSeriesOwn) {
     }
 }
 
-TEST(PalettedLine, AGradientPenGetsTheDataOnceAPass) {
-  PalettedSeries drawn({0, 1, 2, 3, 4}, {0, 1, 2, 3, 4});
-  const auto first = std::make_shared<SpannedPen>(), second = std::make_shared<SpannedPen>();
-  const Style styles[] = {styleOf(first), styleOf(second)};
-  drawn.palette->answer = [&](double, double, uint32_t index) { return styles[index % 2]; };
+TEST(PalettedLine, AGradientPenGetsTheDataOnceAPassTheSeriesOwnToo) {
+  constexpr size_t kPens = 40;
+  std::vector<double> values(4 * kPens);
+  std::iota(values.begin(), values.end(), 0.0);
+  PalettedSeries drawn(values, values);
+  std::vector<std::shared_ptr<SpannedPen>> pens(kPens);
+  std::vector<Style> styles(kPens);
+  for (size_t i = 0; i < kPens; ++i) styles[i] = styleOf(pens[i] = std::make_shared<SpannedPen>());
+  const auto own = pens[0];
+  styles[0] = nullptr;
+  drawn.series->style()->setLinePen(own);
+  drawn.palette->answer = [&](double, double, uint32_t index) { return styles[index % kPens]; };
   for (int pass = 1; pass <= 2; ++pass) {
     drawn.draw();
-    EXPECT_EQ(first->spans, pass);
-    EXPECT_EQ(second->spans, pass);
+    for (const auto& pen : pens) EXPECT_EQ(pen->spans, pass);
   }
+  // Drawn on its own, the line spans the own pen as well.
+  drawn.series->drawLineSeriesToContext(*drawn.surface->render, *drawn.data, drawn.palette, false, true);
+  for (const auto& pen : pens) EXPECT_EQ(pen->spans, 3);
+  // One that comes in the place of the own pen while the palette is told of the data gets it too.
+  const auto late = std::make_shared<SpannedPen>();
+  drawn.palette->onUpdate = [&] { drawn.series->style()->setLinePen(late); };
+  drawn.draw();
+  EXPECT_EQ(late->spans, 1);
 }
 
 TEST(PalettedLine, APaletteMayTakeTheChartApart) {
-  const std::function<void(RecordingChart&)> rows[] = {
-      [](RecordingChart& chart) {
-        chart.surface->detachRenderableSeries(chart.surface->renderableSeries()[0]);
-      },
-      [](RecordingChart& chart) {
-        chart.surface->detachRenderableSeries(chart.surface->renderableSeries()[1]);
-      },
-      [](RecordingChart& chart) { chart.surface->free(); },
-      [](RecordingChart& chart) { chart.view.reset(), chart.surface.reset(); },
-      [](RecordingChart& chart) { chart.surface->setRenderSurface(nullptr); },
-      [](RecordingChart& chart) {
-        const auto series =
-            std::static_pointer_cast<VELFastLineRenderableSeries>(chart.surface->renderableSeries()[0]);
-        series->setPaletteProvider(nullptr);
-        series->setStyle(VELLineSeriesStyle());
-        series->setDataSeries(nullptr);
-      }};
+  using Line = VELFastLineRenderableSeries;
+  const struct {
+    std::function<void(RecordingChart&)> takeApart;
+    size_t lines;  // in the refresh after that
+  } rows[] = {
+      {[](auto& chart) { chart.surface->detachRenderableSeries(chart.surface->renderableSeries()[0]); }, 1},
+      {[](auto& chart) { chart.surface->detachRenderableSeries(chart.surface->renderableSeries()[1]); }, 1},
+      {[](auto& chart) { chart.surface->free(); }, 0},
+      {[](auto& chart) { chart.view.reset(), chart.surface.reset(); }, 0},
+      {[](auto& chart) { chart.surface->setRenderSurface(nullptr); }, 0},
+      {[](auto& chart) {
+         const auto series = std::static_pointer_cast<Line>(chart.surface->renderableSeries()[0]);
+         series->setPaletteProvider(nullptr);
+         series->setStyle(VELLineSeriesStyle());
+         series->setDataSeries(nullptr);
+       },
+       1}};
   // Also where the application holds the series, and for the selected ones, which come last.
-  for (const auto& takeApart : rows)
-    for (const bool held : {false, true})
-      for (const bool selected : {false, true}) {
-        RecordingChart chart;
-        for (const bool isXAxis : {true, false})
-          chart.surface->attachAxis(std::make_shared<VELNumericAxis>(), isXAxis);
-        std::vector<std::shared_ptr<VELFastLineRenderableSeries>> series;
-        for (int i = 0; i < 2; ++i) {
-          PalettedSeries drawn({0, 1, 2}, {0, 1, 2});
-          drawn.series->setIsSelected(selected);
-          drawn.series->setDataSeries(drawn.values);
-          if (i == 0)
-            drawn.palette->onUpdate = [&, done = false]() mutable {
-              if (!std::exchange(done, true)) takeApart(chart);
-            };
-          chart.surface->attachRenderableSeries(drawn.series);
-          series.push_back(drawn.series);
-        }
-        if (!held) series.clear();
-        const auto surface = chart.view->recording;
-        EXPECT_NO_THROW(surface->onRenderTimeElapsed());
-        EXPECT_NO_THROW(surface->onRenderTimeElapsed());
+  for (const auto& row : rows)
+    for (int kind = 0; kind < 4; ++kind) {
+      RecordingChart chart;
+      for (const bool isXAxis : {true, false})
+        chart.surface->attachAxis(std::make_shared<VELNumericAxis>(), isXAxis);
+      std::vector<std::shared_ptr<Line>> series;
+      for (int i = 0; i < 2; ++i) {
+        PalettedSeries drawn({0, 1, 2}, {0, 1, 2});
+        drawn.series->setIsSelected((kind & 1) != 0);
+        drawn.series->setDataSeries(drawn.values);
+        if (i == 0)
+          drawn.palette->onUpdate = [&, done = false]() mutable {
+            if (!std::exchange(done, true)) row.takeApart(chart);
+          };
+        chart.surface->attachRenderableSeries(drawn.series);
+        series.push_back(drawn.series);
       }
+      if (kind & 2) series.clear();
+      const auto surface = chart.view->recording;
+      surface->onRenderTimeElapsed();
+      surface->render->clear();
+      surface->invalidateElement();
+      surface->onRenderTimeElapsed();
+      EXPECT_EQ(surface->render->count("begin"), row.lines) << &row - rows << ' ' << kind;
+    }
 }
 
 }  // namespace

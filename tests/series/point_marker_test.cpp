@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 #include "tests/series/drawn_series.h"
 #include "tests/support/reason_of.h"
@@ -123,6 +124,36 @@ TEST(PointMarkers, StandAtEveryPointWithAValueInEveryDraw) {
     drawn.series->style()->setCluster(nullptr);
     drawn.draw();
     EXPECT_EQ(drawn.surface->render->count("ellipse"), 0u);
+  }
+}
+
+// Takes itself and its clusterizer out of their style while it draws.
+struct Leaving : VELPointMarkerBase {
+  std::weak_ptr<VELLineSeriesStyle> style;
+  int* drawn = nullptr;
+  void drawToContext(VELRenderContext2D&, float, float) override {
+    style.lock()->setPointMarker(nullptr);
+    style.lock()->setCluster(nullptr);
+    *drawn += static_cast<int>(width()) / 10;
+  }
+};
+
+TEST(PointMarkers, AMarkerMayLeaveItsStyleWhileItDraws) {
+  for (const bool paletted : {false, true}) {
+    DrawnSeries drawn({10, 20, 30}, {40, 50, 60});
+    int count = 0;
+    const auto palette = std::make_shared<TestPalette>();
+    const auto style = paletted ? std::make_shared<VELLineSeriesStyle>() : drawn.series->style();
+    palette->answer = [&](double, double, uint32_t) { return style; };
+    auto marker = std::make_shared<Leaving>();
+    marker->style = style;
+    marker->drawn = &count;
+    style->setDrawPointMarkers(true);
+    style->setPointMarker(std::exchange(marker, nullptr));
+    if (paletted) drawn.series->setPaletteProvider(palette);
+    drawn.draw();
+    EXPECT_EQ(count, paletted ? 1 : 3) << "a palette is asked at each point, a style once a draw";
+    EXPECT_EQ(style->pointMarker(), nullptr);
   }
 }
 

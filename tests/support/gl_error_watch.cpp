@@ -10,15 +10,16 @@ bool areErrorsExpected = false;
 
 class GLErrorWatch : public testing::EmptyTestEventListener {
   void OnTestStart(const testing::TestInfo&) override {
-    _before = VELGLContext::errorCount();
+    _before = count();
     areErrorsExpected = false;
   }
   void OnTestEnd(const testing::TestInfo&) override {
     VELGLContext* const context = VELGLContext::current();
     if (context && !context->isLost()) context->checkErrors();
     if (areErrorsExpected) return;
-    EXPECT_EQ(VELGLContext::errorCount(), _before) << "GL noted an error, see stderr";
+    EXPECT_EQ(count(), _before) << "GL noted an error, see stderr";
   }
+  static uint64_t count() { return VELGLContext::errorCount() + VELGLContext::forgottenErrorCount(); }
   uint64_t _before = 0;
 };
 

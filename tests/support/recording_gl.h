@@ -34,7 +34,9 @@ class RecordingGL final : public VELGL {
   std::vector<RecordedCall> calls;
   bool multisampling = false;
   uint32_t framebufferStatus = VELGL_FRAMEBUFFER_COMPLETE;
-  int32_t compiles = 1;  ///< what the driver says of every shader and program
+  int32_t largest = 16384;  ///< pixels a side
+  std::string failing;      ///< the function that notes an error when it is called next, once
+  int32_t compiles = 1;     ///< what the driver says of every shader and program
 
   /// Calls whose text starts with @p prefix, in order, with a space between them.
   std::string texts(const std::string& prefix = "") const;
@@ -171,7 +173,7 @@ class RecordingGL final : public VELGL {
   void scissor(int32_t x, int32_t y, int32_t width, int32_t height) override {
     add("scissor", x, y, width, height);
   }
-  int32_t getInteger(uint32_t) override { return 16384; }
+  int32_t getInteger(uint32_t) override { return largest; }
   std::string getString(uint32_t) override { return "recorder"; }
   uint32_t error = VELGL_NO_ERROR;  ///< noted by the driver, until it is asked
   uint32_t getError() override { return std::exchange(error, uint32_t{VELGL_NO_ERROR}); }
@@ -180,6 +182,7 @@ class RecordingGL final : public VELGL {
  private:
   template <typename... Arguments>
   RecordedCall& add(const std::string& function, const Arguments&... arguments) {
+    if (function == failing) failing.clear(), error = 0x0505;  // out of memory
     std::ostringstream out;
     const char* before = "(";
     out << function;

@@ -2,7 +2,9 @@
 #include <GLES3/gl3.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "velmora/axes/numeric_axis.h"
 #include "velmora/data/xy_data_series.h"
@@ -43,24 +45,25 @@ struct Chart {
 
 // Everything that somebody else in the process may do to a GL context, and more than once.
 void leaveEverythingElseInGL() {
+  using Names = std::initializer_list<GLenum>;
   GLuint names[2] = {};
   glGenVertexArrays(1, names);
   glBindVertexArray(names[0]);
   glGenSamplers(1, names);
   for (const GLuint unit : {0u, 1u}) glBindSampler(unit, names[0]);
   glGenBuffers(2, names);
-  for (const GLenum target : {GL_PIXEL_UNPACK_BUFFER, GL_PIXEL_PACK_BUFFER, GL_ARRAY_BUFFER}) {
+  for (const GLenum target : Names{GL_PIXEL_UNPACK_BUFFER, GL_PIXEL_PACK_BUFFER, GL_ARRAY_BUFFER}) {
     glBindBuffer(target, names[0]);
     glBufferData(target, 16, nullptr, GL_STATIC_DRAW);
   }
   for (const GLuint slot : {0u, 1u, 2u}) glVertexAttribDivisor(slot, 1);
   for (const GLenum gap :
-       {GL_UNPACK_ROW_LENGTH, GL_UNPACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS, GL_PACK_ROW_LENGTH})
+       Names{GL_UNPACK_ROW_LENGTH, GL_UNPACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS, GL_PACK_ROW_LENGTH})
     glPixelStorei(gap, 7);
-  for (const GLenum alignment : {GL_UNPACK_ALIGNMENT, GL_PACK_ALIGNMENT}) glPixelStorei(alignment, 8);
+  for (const GLenum alignment : Names{GL_UNPACK_ALIGNMENT, GL_PACK_ALIGNMENT}) glPixelStorei(alignment, 8);
   for (const GLenum capability :
-       {GL_CULL_FACE, GL_DEPTH_TEST, GL_STENCIL_TEST, GL_SCISSOR_TEST, GL_SAMPLE_ALPHA_TO_COVERAGE,
-        GL_SAMPLE_COVERAGE, GL_PRIMITIVE_RESTART_FIXED_INDEX, GL_RASTERIZER_DISCARD})
+       Names{GL_CULL_FACE, GL_DEPTH_TEST, GL_STENCIL_TEST, GL_SCISSOR_TEST, GL_SAMPLE_ALPHA_TO_COVERAGE,
+             GL_SAMPLE_COVERAGE, GL_PRIMITIVE_RESTART_FIXED_INDEX, GL_RASTERIZER_DISCARD})
     glEnable(capability);
   glSampleCoverage(0.0f, GL_FALSE);
   glDisable(GL_BLEND);
@@ -136,14 +139,13 @@ TEST(ChartOnGL, AChartOfAnySizeAtAnyDensityCoversItsLastRowAndColumn) {
       chart.host->setBackgroundColor(VELColor(1.0, 0.0, 1.0));
       const VELBitmap picture = chart.redrawn();
       const uint32_t expected = VELVisualStyle::standard().background;
-      for (int32_t x = 0; x < picture.width(); ++x)
-        for (const int32_t y : {0, picture.height() - 1})
-          ASSERT_EQ(picture.colorCodeAt(x, y), expected)
-              << scale << ": " << size.width << ", " << x << ',' << y;
-      for (int32_t y = 0; y < picture.height(); ++y)
-        for (const int32_t x : {0, picture.width() - 1})
-          ASSERT_EQ(picture.colorCodeAt(x, y), expected)
-              << scale << ": " << size.width << ", " << x << ',' << y;
+      const int32_t right = picture.width() - 1, bottom = picture.height() - 1;
+      for (int32_t i = 0; i <= std::max(right, bottom); ++i)
+        for (const auto& [x, y] : {std::pair{i, 0}, {i, bottom}, {0, i}, {right, i}})
+          if (x <= right && y <= bottom) {
+            ASSERT_EQ(picture.colorCodeAt(x, y), expected)
+                << scale << ": " << size.width << ", " << x << ' ' << y;
+          }
     }
 }
 

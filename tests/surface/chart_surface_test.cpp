@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
+#include <map>
+#include <set>
 #include <utility>
 
 #include "tests/support/recording_chart.h"
@@ -29,8 +30,8 @@ struct PolarAxis : VELNumericAxis {
 template <class Protocol>
 struct Element : Protocol {
   std::string told;
-  std::function<void()> detached = [] {};
-  void draw() override { told += "draw "; }
+  std::function<void()> detached = [] {}, drawn = [] {};
+  void draw() override { drawn(); }
   void setParentSurface(const std::weak_ptr<VELChartSurface>& surface) override {
     told += surface.lock() ? "parent " : "no parent ";
   }
@@ -55,38 +56,40 @@ TEST(ChartSurface, ExistsOnlyOnAView) {
   EXPECT_EQ(VELChartSurface::init(), nullptr);
   EXPECT_EQ(VELChartSurface::initWithView(nullptr), nullptr);
   RecordingChart chart;
-  for (const VELChartSide side : {VELChartSide_Left, VELChartSide_Right})
-    EXPECT_EQ(chart.view->area(side)->orientation(), VELOrientation_Vertical);
-  for (const VELChartSide side : {VELChartSide_Top, VELChartSide_Bottom})
-    EXPECT_EQ(chart.view->area(side)->orientation(), VELOrientation_Horizontal);
-  EXPECT_EQ(chart.surface->chartFrame(), chart.view->bounds());
-  EXPECT_EQ(chart.view->recording->delegate(), chart.surface);
+  for (int32_t side = 0; side < 4; ++side)
+    EXPECT_EQ(chart.view->area(VELChartSide(side))->orientation(),
+              side < 2 ? VELOrientation_Vertical : VELOrientation_Horizontal);
 }
 
-TEST(ChartSurface, ClearingSeriesLeavesEverySecondOne) {
-  RecordingChart chart;
-  std::vector<std::shared_ptr<Series>> all(4);
-  for (auto& one : all) chart.surface->attachRenderableSeries(one = std::make_shared<Series>());
-  chart.surface->clearSeries();
-  ASSERT_EQ(chart.surface->renderableSeries().size(), 2u);
-  for (size_t i = 0; i < 2; ++i) {
-    EXPECT_EQ(chart.surface->renderableSeries()[i], all[2 * i + 1]);
-    EXPECT_EQ(all[2 * i]->parentSurface(), nullptr);
-    EXPECT_EQ(all[2 * i + 1]->parentSurface(), chart.surface);
+// A letter is a series; the same one twice is drawn twice, and leaves both its places when it is detached.
+TEST(ChartSurface, ClearingSeriesDetachesEveryOtherOneOfTheShrinkingList) {
+  for (const auto& [attached, left] : {std::pair<std::string, std::string>{"abcd", "bd"},
+                                       {"abcde", "bd"},
+                                       {"a", ""},
+                                       {"aabc", "b"},
+                                       {"abca", "b"},
+                                       {"abbc", "c"},
+                                       {"abcbd", "bb"}}) {
+    RecordingChart chart;
+    std::map<char, std::shared_ptr<Series>> all;
+    for (const char letter : attached) {
+      auto& one = all[letter];
+      if (!one) one = std::make_shared<Series>();
+      one->setIsSelected(true);
+      chart.surface->attachRenderableSeries(one);
+    }
+    chart.surface->attachRenderableSeries(nullptr);
+    EXPECT_EQ(chart.surface->renderableSeries().size(), attached.size());
+    EXPECT_EQ(chart.surface->selectedRenderableSeries().size(), all.size()) << "listed once";
+    chart.surface->clearSeries();
+    std::string rest;
+    for (const auto& series : chart.surface->renderableSeries())
+      for (const auto& [letter, one] : all) rest += one == series ? std::string{letter} : "";
+    EXPECT_EQ(rest, left);
+    for (const auto& [letter, one] : all)
+      EXPECT_EQ(one->parentSurface() != nullptr, left.find(letter) != std::string::npos) << letter;
+    EXPECT_EQ(chart.surface->selectedRenderableSeries().size(), std::set(left.begin(), left.end()).size());
   }
-}
-
-TEST(ChartSurface, ASeriesMayStandInItTwiceAndSelectedOnesAreListedOnce) {
-  RecordingChart chart;
-  const auto series = std::make_shared<Series>();
-  series->setIsSelected(true);
-  for (const auto& one : {series, series, std::shared_ptr<Series>()})
-    chart.surface->attachRenderableSeries(one);
-  EXPECT_EQ(chart.surface->renderableSeries().size(), 2u);
-  EXPECT_EQ(chart.surface->selectedRenderableSeries().size(), 1u);
-  chart.surface->detachRenderableSeries(series);
-  EXPECT_TRUE(chart.surface->renderableSeries().empty());
-  EXPECT_TRUE(chart.surface->selectedRenderableSeries().empty());
 }
 
 TEST(ChartSurface, AxesStandWhereTheirAlignmentSays) {
@@ -126,69 +129,113 @@ TEST(ChartSurface, AnAxisMovesWithItsAlignmentAndLeavesWhenDetached) {
   EXPECT_EQ(axis->parentSurface(), nullptr);
   axis->setAxisAlignment(VELAxisAlignment_Left);
   EXPECT_EQ(chart.view->leftAxesArea()->count(), 0) << "a detached axis must not come back";
+
+  // One that becomes a centre axis only after it was attached moves there.
+  const auto centre = std::make_shared<VELAxisArea>();
+  chart.surface->setCenterYAxisArea(centre);
+  chart.surface->attachAxis(axis, false);
+  axis->setIsCenterAxis(true);
+  EXPECT_TRUE(centre->contains(axis));
+  EXPECT_EQ(chart.view->leftAxesArea()->count(), 0);
+  chart.surface->detachAxis(axis);
+  EXPECT_EQ(centre->count(), 0);
 }
 
 TEST(ChartSurface, PolarIsDecidedByTheCentreAreasAlone) {
-  RecordingChart chart;
-  const auto polar = std::make_shared<PolarAxis>();
-  const auto xArea = std::make_shared<VELAxisArea>(), yArea = std::make_shared<VELAxisArea>();
-  polar->setIsCenterAxis(true);
-  for (const bool hasAreas : {false, true}) {
-    chart.surface->setCenterXAxisArea(hasAreas ? xArea : nullptr);
-    chart.surface->setCenterYAxisArea(hasAreas ? yArea : nullptr);
-    chart.surface->attachAxis(polar, true);
-    EXPECT_EQ(chart.view->bottomAxesArea()->count(), 0);
-    EXPECT_EQ(xArea->contains(polar), hasAreas);
-    EXPECT_EQ(chart.surface->isPolarChart(), hasAreas) << "without centre areas nothing is decided";
-    chart.surface->detachAxis(polar);
-    EXPECT_FALSE(chart.surface->isPolarChart());
+  const struct {
+    const char *x, *y;  // o is a polar axis, p a plain one
+    bool polar;
+  } rows[] = {{"", "o", false},
+              {"o", "", true},
+              {"po", "", true},
+              {"p", "o", true},
+              // The Y area is walked no further than the X area is long.
+              {"p", "po", false},
+              {"pp", "po", true}};
+  for (const auto& row : rows) {
+    RecordingChart chart;
+    const auto xArea = std::make_shared<VELAxisArea>(), yArea = std::make_shared<VELAxisArea>();
+    chart.surface->setCenterXAxisArea(xArea);
+    chart.surface->setCenterYAxisArea(yArea);
+    for (const bool isXAxis : {false, true})
+      for (const char kind : std::string(isXAxis ? row.x : row.y)) {
+        const auto axis = kind == 'o' ? std::make_shared<PolarAxis>() : makeAxis();
+        axis->setIsCenterAxis(true);
+        chart.surface->attachAxis(axis, isXAxis);
+        EXPECT_TRUE((isXAxis ? xArea : yArea)->contains(axis));
+      }
+    EXPECT_EQ(chart.surface->isPolarChart(), row.polar) << row.x << ' ' << row.y;
+    chart.surface->setCenterYAxisArea(nullptr);
+    const auto homeless = std::make_shared<PolarAxis>();
+    homeless->setIsCenterAxis(true);
+    chart.surface->attachAxis(homeless, false);
+    EXPECT_EQ(chart.surface->isPolarChart(), row.polar) << "without both centre areas nothing is decided";
+    EXPECT_EQ(chart.view->rightAxesArea()->count(), 0);
   }
-  // An axis that becomes a centre axis only after it was attached moves there.
-  const auto late = makeAxis();
-  chart.surface->attachAxis(late, true);
-  late->setIsCenterAxis(true);
-  EXPECT_TRUE(xArea->contains(late));
-  EXPECT_EQ(chart.view->bottomAxesArea()->count(), 0);
-  chart.surface->detachAxis(late);
-  EXPECT_EQ(xArea->count(), 0);
+}
+
+template <class Protocol>
+void replaceElements(void (VELChartSurface::*set)(const std::shared_ptr<Protocol>&),
+                     const std::shared_ptr<Protocol>& (VELChartSurface::*get)() const) {
+  RecordingChart chart;
+  VELChartSurface& surface = *chart.surface;
+  const std::string on = "parent is attached onAttached ", off = "no parent is not attached onDetached ";
+  const auto first = std::make_shared<Element<Protocol>>(), second = std::make_shared<Element<Protocol>>(),
+             third = std::make_shared<Element<Protocol>>();
+  (surface.*set)(first);
+  (surface.*set)((surface.*get)());
+  EXPECT_EQ((surface.*get)(), first) << "it may be set again";
+  first->detached = [&] { (surface.*set)(second); };
+  (surface.*set)(third);
+  EXPECT_EQ((surface.*get)(), third);
+  EXPECT_EQ(first->told, on + off + on + off);
+  EXPECT_EQ(second->told, on + off) << "set by the one that went";
+  third->detached = [&] { chart.surface.reset(); };
+  (surface.*set)(nullptr);
+  EXPECT_EQ(third->told, on + off);
 }
 
 TEST(ChartSurface, ModifierAndAnnotationAreToldInOrderAndMayReplaceThemselves) {
-  RecordingChart chart;
-  const auto modifier = std::make_shared<Element<VELChartModifier>>(),
-             next = std::make_shared<Element<VELChartModifier>>();
-  modifier->detached = [&] { chart.surface->setChartModifier(nullptr); };
-  chart.surface->setChartModifier(modifier);
-  chart.surface->setChartModifier(next);
-  EXPECT_EQ(chart.surface->chartModifier(), next);
-  const auto annotation = std::make_shared<Element<VELAnnotation>>();
-  chart.surface->setAnnotation(annotation);
-  chart.surface->setAnnotation(nullptr);
-  for (const std::string& told : {modifier->told, annotation->told})
-    EXPECT_EQ(told, "parent is attached onAttached no parent is not attached onDetached ");
+  replaceElements<VELChartModifier>(&VELChartSurface::setChartModifier, &VELChartSurface::chartModifier);
+  replaceElements<VELAnnotation>(&VELChartSurface::setAnnotation, &VELChartSurface::annotation);
 }
 
-TEST(ChartSurface, AnAnnotationDrawsIntoTheModifierContextAndTakesNoGestureUnlessItSaysSo) {
-  struct Mark : Element<VELAnnotation> {
-    std::weak_ptr<VELChartSurface> surface;
-    void draw() override {
-      surface.lock()->renderSurface()->modifierContext()->drawLineWithBrush(nullptr, 1.0f, 2.0f, 3.0f, 4.0f);
-    }
+TEST(ChartSurface, ModifierAndAnnotationDrawInThatOrderIntoContextsThatWereCleared) {
+  struct Context : RecordingContext {
+    Context(std::string& log, const char* name) : _log(log), _name(name) {}
+    void clear() override { _log += _name, RecordingContext::clear(); }
+    std::string& _log;
+    const char* _name;
   };
+  std::string log;
   RecordingChart chart;
+  RecordingSurface& surface = *chart.view->recording;
+  const auto series = std::make_shared<Context>(log, "series "),
+             above = std::make_shared<Context>(log, "modifiers "),
+             below = std::make_shared<Context>(log, "background ");
+  for (const auto& context : {series, above, below}) context->setParentRenderSurface(chart.view->recording);
+  surface.addRenderContext(series);
+  surface.addModifierContext(above);
+  surface.addBackgroundContext(below);
   for (const bool isXAxis : {true, false}) chart.surface->attachAxis(makeAxis(), isXAxis);
-  const auto mark = std::make_shared<Mark>();
-  mark->surface = chart.surface;
-  chart.surface->setAnnotation(mark);
+  const auto modifier = std::make_shared<Element<VELChartModifier>>();
+  const auto annotation = std::make_shared<Element<VELAnnotation>>();
+  modifier->drawn = [&] {
+    log += "modifier ";
+    EXPECT_EQ(below->names(), (std::vector<std::string>{"clear", "rect"})) << "the background is drawn";
+  };
+  annotation->drawn = [&] { log += "annotation "; };
+  chart.surface->setChartModifier(modifier);
+  chart.surface->setAnnotation(annotation);
   for (int i = 0; i < 8; ++i) chart.tick();
-  const size_t drawn = chart.context().operations.size();
-  EXPECT_EQ(chart.view->recording->modifier->names(), (std::vector<std::string>{"clear", "line"}));
 
-  // A modifier-only refresh draws it once more and leaves the series alone.
-  chart.view->recording->modifier->invalidate();
-  chart.tick();
-  EXPECT_EQ(chart.view->recording->modifier->names(), (std::vector<std::string>{"clear", "line"}));
-  EXPECT_EQ(chart.context().operations.size(), drawn);
+  const std::string secondary = "modifiers background modifier annotation ";
+  for (const auto& [context, expected] : {std::pair{series, "series " + secondary}, {above, secondary}}) {
+    log.clear();
+    context->invalidate();
+    chart.tick();
+    EXPECT_EQ(log, expected);
+  }
 
   struct Pinch : VELPinchGestureRecognizer {
     VELGestureState state() const override { return VELGestureState_Began; }
@@ -198,55 +245,44 @@ TEST(ChartSurface, AnAnnotationDrawsIntoTheModifierContextAndTakesNoGestureUnles
     VELPoint locationOfTouch(int32_t, const VELView&) const override { return {}; }
   };
   const Pinch pinch;
-  EXPECT_FALSE(mark->onTapGesture(pinch, *chart.view) || mark->onPanGesture(pinch, *chart.view) ||
-               mark->onDoubleTapGesture(pinch, *chart.view) || mark->onPinchGesture(pinch, *chart.view));
+  EXPECT_FALSE(annotation->onTapGesture(pinch, *chart.view) ||
+               annotation->onDoubleTapGesture(pinch, *chart.view) ||
+               annotation->onPanGesture(pinch, *chart.view) || annotation->onPinchGesture(pinch, *chart.view))
+      << "taken though nobody said so";
 }
 
 TEST(ChartSurface, WhatRunsInAPassMayLetGoOfIt) {
-  struct Meddler : Element<VELChartModifier> {
-    std::function<void()> onDraw;
-    void draw() override {
-      std::exchange(onDraw, [] {})();
-    }
-  };
-  const std::function<void(RecordingChart&)> rows[] = {
-      [](RecordingChart& chart) { chart.surface.reset(); },
-      [](RecordingChart& chart) { chart.view.reset(); },
-      [](RecordingChart& chart) { chart.surface.reset(), chart.view.reset(); },
-      [](RecordingChart& chart) { chart.surface->free(); },
-      [](RecordingChart& chart) { chart.surface->setChartModifier(nullptr); },
-      [](RecordingChart& chart) { chart.surface->onRenderSurfaceDraw(); }};
-  for (const auto& letGo : rows)
+  const struct {
+    std::function<void(RecordingChart&)> letGo;
+    const char* next;  // what the next refresh draws: the whole chart, a clear, or nothing
+    int draws;         // of the modifier, both refreshes together
+  } rows[] = {{[](RecordingChart& chart) { chart.surface.reset(); }, "nothing", 1},
+              {[](RecordingChart& chart) { chart.view.reset(); }, "nothing", 1},  // no chart frame is left
+              {[](RecordingChart& chart) { chart.surface.reset(), chart.view.reset(); }, "nothing", 1},
+              {[](RecordingChart& chart) { chart.surface->free(); }, "clear", 1},
+              {[](RecordingChart& chart) { chart.surface->setChartModifier(nullptr); }, "chart", 1},
+              {[](RecordingChart& chart) { chart.surface->onRenderSurfaceDraw(); }, "chart", 2}};
+  for (const auto& row : rows)
     for (const bool called : {false, true}) {
       RecordingChart chart;
       for (const bool isXAxis : {true, false}) chart.surface->attachAxis(makeAxis(), isXAxis);
-      const auto modifier = std::make_shared<Meddler>();
+      const auto modifier = std::make_shared<Element<VELChartModifier>>();
       chart.surface->setChartModifier(modifier);
-      modifier->onDraw = [&] { letGo(chart); };
+      int draws = 0;
+      modifier->drawn = [&] {
+        if (draws++ == 0) row.letGo(chart);
+      };
       const auto recording = chart.view->recording;
       // Called straight, nobody but the chart itself holds the surface.
-      if (called)
-        chart.surface->onRenderSurfaceDraw();
-      else
-        recording->onRenderTimeElapsed();
-      recording->onRenderTimeElapsed();
+      called ? chart.surface->onRenderSurfaceDraw() : recording->onRenderTimeElapsed();
       EXPECT_TRUE(!chart.surface || !chart.surface->isRendering());
+      auto& drawn = recording->render->operations;
+      drawn.clear();
+      recording->invalidateElement();
+      recording->onRenderTimeElapsed();
+      EXPECT_STREQ(drawn.empty() ? "nothing" : drawn.size() == 1 ? "clear" : "chart", row.next);
+      EXPECT_EQ(draws, row.draws) << &row - rows;
     }
-}
-
-TEST(ChartSurface, WithoutCpuReductionEveryRefreshRunsAPass) {
-  RecordingChart chart;
-  for (const bool isXAxis : {true, false}) chart.surface->attachAxis(makeAxis(), isXAxis);
-  const auto modifier = std::make_shared<Element<VELChartModifier>>();
-  chart.surface->setChartModifier(modifier);
-  for (int i = 0; i < 8; ++i) chart.tick();
-  modifier->told.clear();
-  chart.tick();
-  EXPECT_EQ(modifier->told, "") << "an idle chart draws nothing";
-  chart.view->recording->setReduceCPUFrames(false);
-  for (int i = 0; i < 3; ++i) chart.tick();
-  EXPECT_EQ(modifier->told, "draw draw draw ");
-  EXPECT_FALSE(chart.surface->isRendering());
 }
 
 TEST(ChartSurface, AStyleIsCopiedAndForcesAreaSizes) {
@@ -269,19 +305,6 @@ TEST(ChartSurface, AStyleIsCopiedAndForcesAreaSizes) {
   chart.tick();
   former->setTopAxisAreaSize(1.0f);
   EXPECT_FALSE(chart.view->recording->needRedraw()) << "a replaced style is no longer heard";
-}
-
-TEST(ChartSurface, SidesKeepTheirSizeForNaNAndNegativeWishes) {
-  RecordingChart chart;
-  for (const float wish : {17.0f, std::nanf(""), -1.0f}) {
-    chart.view->setRightAxisAreaSize(wish);
-    EXPECT_EQ(chart.view->rightAxisAreaSize(), 17.0f);
-  }
-  // Without axes the sides want nothing; forced sizes win over that.
-  EXPECT_EQ(chart.view->leftAxisAreaSize(), 0.0f);
-  chart.view->setLeftAxisAreaForcedSize(12.0f);
-  chart.view->layoutSubviews();
-  EXPECT_EQ(chart.view->leftAxisAreaSize(), 12.0f);
 }
 
 TEST(ChartSurface, FreeingLetsGoOfEverything) {

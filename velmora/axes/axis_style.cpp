@@ -50,7 +50,8 @@ void VELAxisStyle::setLabelStyle(const VELTextFormattingStyle& style) { _labelSt
 void VELAxisStyle::setTitleStyle(const VELTextFormattingStyle& style) { _titleStyle = style; }
 
 void VELAxisStyle::changed() const {
-  if (_styleChanged) _styleChanged();
+  const auto block = _styleChanged;
+  if (block && *block) (*block)();
 }
 
 void VELAxisStyle::watchTexts() {

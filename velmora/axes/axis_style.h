@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <memory>
+#include <utility>
 
 #include "velmora/axes/text_formatting_style.h"
 #include "velmora/platform/export.h"
@@ -72,7 +74,9 @@ class VELMORA_API VELAxisStyle {
   void setTitleStyle(const VELTextFormattingStyle& style);
 
   /// Called by every setter.
-  void setStyleChanged(std::function<void()> block) { _styleChanged = std::move(block); }
+  void setStyleChanged(std::function<void()> block) {
+    _styleChanged = std::make_shared<const std::function<void()>>(std::move(block));
+  }
 
  private:
   struct Values {
@@ -95,5 +99,6 @@ class VELMORA_API VELAxisStyle {
   Values _values;
   VELTextFormattingStyle _labelStyle;
   VELTextFormattingStyle _titleStyle;
-  std::function<void()> _styleChanged;
+  /// Shared, so that a block outlives its own call when it replaces itself or the style.
+  std::shared_ptr<const std::function<void()>> _styleChanged;
 };

@@ -65,5 +65,6 @@ void VELTextFormattingStyle::setAlignmentVertical(VELLabelAlignmentVertical alig
 }
 
 void VELTextFormattingStyle::changed() const {
-  if (_styleChanged) _styleChanged();
+  const auto block = _styleChanged;
+  if (block && *block) (*block)();
 }

@@ -3,7 +3,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "velmora/platform/color.h"
 #include "velmora/platform/export.h"
@@ -59,7 +61,9 @@ class VELMORA_API VELTextFormattingStyle {
   const VELColor& color() const { return _color; }
 
   /// Called by every setter.
-  void setStyleChanged(std::function<void()> block) { _styleChanged = std::move(block); }
+  void setStyleChanged(std::function<void()> block) {
+    _styleChanged = std::make_shared<const std::function<void()>>(std::move(block));
+  }
 
  private:
   void changed() const;
@@ -70,5 +74,6 @@ class VELMORA_API VELTextFormattingStyle {
   VELAffineTransform _transform;
   VELLabelAlignmentHorizontal _alignmentHorizontal = VELLabelAlignmentHorizontal_Default;
   VELLabelAlignmentVertical _alignmentVertical = VELLabelAlignmentVertical_Default;
-  std::function<void()> _styleChanged;
+  /// Shared, so that a block outlives its own call when it replaces itself or the style.
+  std::shared_ptr<const std::function<void()>> _styleChanged;
 };

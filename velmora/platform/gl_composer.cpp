@@ -79,8 +79,8 @@ VELGLComposer::VELGLComposer(std::shared_ptr<VELGLContext> context)
 
 VELGLComposer::~VELGLComposer() {
   if (_program == 0) return;
-  const VELGLContextScope scope(*_context);
-  if (!scope.isCurrent() || isLost()) return;
+  const VELGLContextScope scope(*_context, _generation);
+  if (!scope.isCurrent()) return;
   _context->gl().deleteBuffer(_buffer);
   _context->gl().deleteProgram(_program);
 }
@@ -103,7 +103,9 @@ bool VELGLComposer::drawTree(VELView& root, const VELGLComposerTarget& target) {
 }
 
 void VELGLComposer::composeLayer(const VELGLLayer& layer, const VELRect& frame) {
-  if (!layer.isPresented() || !(frame.width > 0.0 && frame.height > 0.0)) return;
+  // Names of another context mean something else here.
+  if (!layer.isIn(*_context) || !layer.isPresented()) return;
+  if (!(frame.width > 0.0 && frame.height > 0.0)) return;
   double width = frame.width * _scale, height = frame.height * _scale;
   // A surface may round its pixels, or cut them to whole points: up to there its own pixels are shown as they
   // are, from the frame's top left.

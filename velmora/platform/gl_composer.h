@@ -26,7 +26,8 @@ struct VELGLComposerTarget {
 /// A layer as large as its frame, and a text that is not turned or turned by quarters, lies on whole pixels
 /// and keeps its own pixels unchanged. Colours are not premultiplied; over an opaque background the result is
 /// opaque. It sets all GL state that it needs and leaves blending on, scissoring off, and nothing bound but
-/// the framebuffer. After a lost context it makes its objects again.
+/// the framebuffer. After a lost context it makes its objects again. A layer of another GL context is not
+/// drawn.
 class VELMORA_API VELGLComposer : public VELComposer {
  public:
   /// @param context where it draws, held strongly

@@ -6,6 +6,7 @@ namespace {
 
 VELGLContext* currentContext = nullptr;
 uint64_t errors = 0;
+uint64_t forgottenErrors = 0;
 
 // A lost context may answer every question with an error.
 constexpr int mostErrors = 16;
@@ -49,20 +50,36 @@ bool VELGLContext::checkLost() {
   return _isLost;
 }
 
-bool VELGLContext::checkErrors() {
+uint32_t VELGLContext::takeErrors() {
   const uint32_t first = gl().getError();
-  if (first == VELGL_NO_ERROR) return true;
+  if (first == VELGL_NO_ERROR) return first;
   for (int i = 1; i < mostErrors && gl().getError() != VELGL_NO_ERROR;) ++i;
+  return first;
+}
+
+bool VELGLContext::checkErrors() {
+  const uint32_t first = takeErrors();
+  if (first == VELGL_NO_ERROR) return true;
   ++errors;
   std::fprintf(stderr, "OpenGL noted the error 0x%x\n", first);
   return false;
 }
 
+void VELGLContext::forgetErrors() { forgottenErrors += takeErrors() == VELGL_NO_ERROR ? 0 : 1; }
+
 uint64_t VELGLContext::errorCount() { return errors; }
 
+uint64_t VELGLContext::forgottenErrorCount() { return forgottenErrors; }
+
 VELGLContextScope::VELGLContextScope(VELGLContext& context)
-    : _previous(VELGLContext::current()), _isCurrent(context.makeCurrent()) {}
+    : _previous(VELGLContext::current()), _isEntered(context.makeCurrent()), _isCurrent(_isEntered) {}
+
+VELGLContextScope::VELGLContextScope(VELGLContext& context, uint32_t generation)
+    : _previous(VELGLContext::current()),
+      _isEntered(!context.hasLost(generation) && context.makeCurrent()),
+      // The loss may have become known only now.
+      _isCurrent(_isEntered && !context.hasLost(generation)) {}
 
 VELGLContextScope::~VELGLContextScope() {
-  if (_isCurrent && _previous && _previous != VELGLContext::current()) _previous->makeCurrent();
+  if (_isEntered && _previous && _previous != VELGLContext::current()) _previous->makeCurrent();
 }

@@ -51,8 +51,12 @@ class VELMORA_API VELGLContext : public std::enable_shared_from_this<VELGLContex
   /// its code in hexadecimal. An error here is a fault of the library: debug builds ask after every frame.
   /// @return false when there was one
   bool checkErrors();
+  /// Takes the errors without a word: those that others left, before the library's own calls are judged.
+  void forgetErrors();
   /// How many times `checkErrors` found an error, in any context of the process.
   static uint64_t errorCount();
+  /// How many times `forgetErrors` did.
+  static uint64_t forgottenErrorCount();
 
  protected:
   /// May call `setLost` when it learns of the loss only here.
@@ -65,6 +69,7 @@ class VELMORA_API VELGLContext : public std::enable_shared_from_this<VELGLContex
 
  private:
   bool replace();
+  uint32_t takeErrors();
 
   uint32_t _generation = 1;
   bool _isLost = false;
@@ -76,6 +81,9 @@ class VELMORA_API VELGLContext : public std::enable_shared_from_this<VELGLContex
 class VELMORA_API VELGLContextScope {
  public:
   explicit VELGLContextScope(VELGLContext& context);
+  /// For freeing what was made in @p generation. When those names mean nothing any more the context is not
+  /// current here, and a lost one is not replaced for it.
+  VELGLContextScope(VELGLContext& context, uint32_t generation);
   VELGLContextScope(const VELGLContextScope&) = delete;
   VELGLContextScope& operator=(const VELGLContextScope&) = delete;
   ~VELGLContextScope();
@@ -85,5 +93,6 @@ class VELMORA_API VELGLContextScope {
 
  private:
   VELGLContext* _previous;
+  bool _isEntered;
   bool _isCurrent;
 };

@@ -6,14 +6,28 @@
 VELGLLayer::VELGLLayer(std::shared_ptr<VELGLContext> context)
     : _context(std::move(context)), _generation(_context->generation()) {}
 
-VELGLLayer::~VELGLLayer() {
+VELGLLayer::~VELGLLayer() { release(); }
+
+void VELGLLayer::release() {
   if (_texture == 0) return;
-  const VELGLContextScope scope(*_context);
-  if (scope.isCurrent() && !isLost()) _context->gl().deleteTexture(_texture);
+  const VELGLContextScope scope(*_context, _generation);
+  if (scope.isCurrent()) _context->gl().deleteTexture(_texture);
+  _texture = 0;
+  _isPresented = false;
+}
+
+void VELGLLayer::forgetLostStorage() {
+  if (!isLost()) return;
+  _generation = _context->generation();
+  _texture = 0;
+  _largestSide = 0;
+  _isPresented = false;
 }
 
 int32_t VELGLLayer::largestSide() {
   VELGL& gl = _context->gl();
+  // The driver that came back need not be the one that went.
+  forgetLostStorage();
   if (_largestSide == 0)
     _largestSide = std::max(
         1, std::min(gl.getInteger(VELGL_MAX_TEXTURE_SIZE), gl.getInteger(VELGL_MAX_RENDERBUFFER_SIZE)));
@@ -22,12 +36,7 @@ int32_t VELGLLayer::largestSide() {
 
 void VELGLLayer::allocate(int32_t width, int32_t height) {
   VELGL& gl = _context->gl();
-  if (isLost()) {
-    _generation = _context->generation();
-    _texture = 0;
-    _largestSide = 0;
-    _isPresented = false;
-  }
+  forgetLostStorage();
   width = std::clamp(width, 1, largestSide());
   height = std::clamp(height, 1, largestSide());
   if (_texture != 0 && width == _width && height == _height) return;

@@ -25,6 +25,8 @@ class VELMORA_API VELGLLayer {
   /// New storage of a size in pixels, limited to 1 … `largestSide()`; contents undefined, nothing presented.
   /// The context must be current. An equal size keeps the storage.
   void allocate(int32_t width, int32_t height);
+  /// Gives the storage back to GL, if that still knows it; the size stays. Whichever context is current.
+  void release();
   /// Attaches the storage as colour of the bound framebuffer.
   void attachToFramebuffer();
   /// Tells the host that a frame is complete.
@@ -36,12 +38,16 @@ class VELMORA_API VELGLLayer {
   uint32_t texture() const { return isLost() ? 0 : _texture; }
   /// True when the storage holds a complete frame.
   bool isPresented() const { return _isPresented && !isLost(); }
+  /// True when the storage is one of @p context: its GL name means something there.
+  bool isIn(const VELGLContext& context) const { return _context.get() == &context; }
   /// True when the storage went with a lost context.
   bool isLost() const { return _context->hasLost(_generation); }
   /// Number of frames presented, in whatever storage.
   uint64_t presentedCount() const { return _presented; }
 
  private:
+  void forgetLostStorage();
+
   std::shared_ptr<VELGLContext> _context;
   uint32_t _generation;  ///< of the context, when the storage was made
   uint32_t _texture = 0;

@@ -44,8 +44,8 @@ VELTextTextureCache::VELTextTextureCache(std::shared_ptr<VELGLContext> context, 
     : _context(std::move(context)), _engine(&engine), _generation(_context->generation()) {}
 
 VELTextTextureCache::~VELTextTextureCache() {
-  const VELGLContextScope scope(*_context);
-  if (!scope.isCurrent() || isLost()) return;
+  const VELGLContextScope scope(*_context, _generation);
+  if (!scope.isCurrent()) return;
   for (const Entry& entry : _entries)
     if (entry.texture.texture != 0) _context->gl().deleteTexture(entry.texture.texture);
 }

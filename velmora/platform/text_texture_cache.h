@@ -74,7 +74,7 @@ class VELMORA_API VELTextTextureCache {
   uint32_t _generation;  ///< of the context, when the textures were made
   Entries _entries;      ///< used last first
   std::unordered_map<Key, Entries::iterator, KeyHash> _index;
-  size_t _byteLimit = size_t{16} << 20;
+  size_t _byteLimit = size_t{2} << 20;
   size_t _bytes = 0;
   int32_t _largestSide = 0;
   uint64_t _rasterised = 0;

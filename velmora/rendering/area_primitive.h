@@ -10,7 +10,10 @@
 
 /// What areas of all kinds share.
 ///
-/// Always true: an area shows the same slices in however many buffers it lies.
+/// Always true: an area recorded in one go, from its begin to its last step, shows the same slices in however
+/// many buffers it lies. A shape, brush or drawing area recorded in between begins a new strip with the next
+/// pair alone, so that the slice up to that pair is missing; another area in between may even be joined to
+/// it. That is meant: areas are not drawn step by step in turns, and a step asks nobody what came before it.
 class VELAreaPrimitive : public VELDrawingPrimitive {
  public:
   /// Forgets the area: the next step begins a piece.

@@ -40,6 +40,8 @@ enum VELGradientDirection : int32_t {
 };
 
 /// Colours a shape. Positions are in points, relative to the current drawing area.
+///
+/// Contexts ask brushes in the middle of recording and replaying a frame: no operation of a brush draws.
 class VELMORA_API VELBrush2D {
  public:
   /// A brush of one colour.

@@ -29,6 +29,9 @@ VELDrawingBuffer::VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLCont
 void VELDrawingBuffer::p_VEL_createStores(VELGLContext& context) {
   VELGL& gl = context.gl();
   const auto count = static_cast<size_t>(_info.dbi_bufferSize);
+  // Made in the middle of whatever the application does: the indices of a vertex array that it left bound
+  // would become these.
+  gl.resetES3State();
   _generation = context.generation();
   _vertexBufferId = gl.genBuffer();
   _indexBufferId = gl.genBuffer();
@@ -59,8 +62,8 @@ void VELDrawingBuffer::o_freeBuffer() {
   _indices.reset();
   const auto context = _context.lock();
   if (!context) return;
-  const VELGLContextScope scope(*context);
-  if (!scope.isCurrent() || _generation != context->generation()) return;
+  const VELGLContextScope scope(*context, _generation);
+  if (!scope.isCurrent()) return;
   context->gl().deleteBuffer(_vertexBufferId);
   context->gl().deleteBuffer(_indexBufferId);
 }

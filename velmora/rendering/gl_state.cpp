@@ -22,6 +22,7 @@ void VELGLState::prepareForDrawing() {
   if (!gl) return;
   VELGLSetBaseline(*gl);
   _blending = true;
+  _isDrawing = true;
   gl->enable(VELGL_SCISSOR_TEST);
 }
 

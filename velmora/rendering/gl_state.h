@@ -1,7 +1,8 @@
 // rendering/gl_state.h: the fixed-function GL state of one context, and what is known of it.
 //
-// The one place of the library that sets blending, clipping, viewport and attribute arrays. Host and charts
-// share a GL context, so before a frame the state is told to forget and then sets everything again.
+// The one place of the charts that sets blending, clipping, viewport and attribute arrays. Host and charts
+// share a GL context, so before a frame the state is told to forget and then sets everything again; the
+// composer of a host does the same for itself before it shows the charts.
 #pragma once
 
 #include <array>
@@ -18,6 +19,8 @@ class VELGLState {
   /// What every frame of a chart starts from: the library's baseline (platform/gl_baseline.h) with clipping
   /// on. Forgets first.
   void prepareForDrawing();
+  /// True from `prepareForDrawing` to `finishDrawing`, or until somebody else may have changed something.
+  bool isDrawing() const { return _isDrawing; }
   /// Leaves neither clipping, blending nor attribute arrays behind for whoever draws next.
   void finishDrawing();
 
@@ -38,4 +41,5 @@ class VELGLState {
   std::optional<Box> _viewport;
   std::optional<Box> _scissor;
   bool _attributeArrays = false;
+  bool _isDrawing = false;
 };

@@ -34,6 +34,11 @@ struct VELOpenGLContextController::Registry {
     remove(found->second, context);
     return nullptr;
   }
+  /// The current controller, unless somebody else made another context current since.
+  VELOpenGLContextController* inUse() const {
+    const VELGLContext* const context = VELGLContext::current();
+    return context && current && current->_context.lock().get() == context ? current : nullptr;
+  }
   void remove(const VELOpenGLContextController& controller, const VELGLContext* context) {
     if (current == &controller) current = nullptr;
     controllers.erase(context);
@@ -78,6 +83,10 @@ bool VELOpenGLContextController::o_enableContext(const std::shared_ptr<VELGLCont
   return false;
 }
 
+bool VELOpenGLContextController::o_isRegistered(const std::shared_ptr<VELGLContext>& context) {
+  return registry().find(context.get()) != nullptr;
+}
+
 void VELOpenGLContextController::o_freeContext(const std::shared_ptr<VELGLContext>& context) {
   VELOpenGLContextController* const controller = registry().find(context.get());
   if (!controller || --controller->_registrations > 0) return;
@@ -86,9 +95,7 @@ void VELOpenGLContextController::o_freeContext(const std::shared_ptr<VELGLContex
 }
 
 void VELOpenGLContextController::p_VEL_freeShaders(VELGLContext& context) {
-  // The names of a lost context mean nothing any more.
-  if (context.hasLost(_generation)) return;
-  const VELGLContextScope scope(context);
+  const VELGLContextScope scope(context, _generation);
   if (!scope.isCurrent()) return;
   for (const auto& program : _programs)
     if (program) program->o_freeShader();
@@ -97,12 +104,12 @@ void VELOpenGLContextController::p_VEL_freeShaders(VELGLContext& context) {
 template <typename Program>
 VELBrushShaderProgram* VELOpenGLContextController::p_VEL_program(ProgramKind kind,
                                                                  const VELShaderAttributes& attributes) {
-  VELOpenGLContextController* const controller = registry().current;
-  const auto context = controller ? controller->_context.lock() : nullptr;
-  if (!context) return nullptr;
-  if (controller->_generation != context->generation()) {
+  VELOpenGLContextController* const controller = registry().inUse();
+  if (!controller) return nullptr;
+  if (const uint32_t generation = VELGLContext::current()->generation();
+      controller->_generation != generation) {
     controller->_programs = {};
-    controller->_generation = context->generation();
+    controller->_generation = generation;
   }
   auto& program = controller->_programs[kind];
   if (!program) {
@@ -133,19 +140,21 @@ VELBrushShaderProgram* VELOpenGLContextController::o_palettedTextureBrushShader(
 }
 
 VELGLState* VELOpenGLContextController::o_currentState() {
-  return registry().current ? &registry().current->_state : nullptr;
+  VELOpenGLContextController* const controller = registry().inUse();
+  return controller ? &controller->_state : nullptr;
 }
 
 bool VELOpenGLContextController::o_buffersEnabled() {
-  return registry().current && registry().current->_state.attributeArraysEnabled();
+  const VELGLState* const state = o_currentState();
+  return state && state->attributeArraysEnabled();
 }
 
 void VELOpenGLContextController::o_enableContextBuffers() {
-  if (registry().current) registry().current->_state.setAttributeArrays(true);
+  if (VELGLState* const state = o_currentState()) state->setAttributeArrays(true);
 }
 
 void VELOpenGLContextController::o_disableContextBuffers() {
-  if (registry().current) registry().current->_state.setAttributeArrays(false);
+  if (VELGLState* const state = o_currentState()) state->setAttributeArrays(false);
 }
 
 void VELOpenGLContextController::o_getBufferForPostion(uint32_t& position, uint32_t& color,

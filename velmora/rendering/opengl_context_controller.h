@@ -27,16 +27,17 @@ class VELMORA_API VELOpenGLContextController {
   /// @return whether the context is registered; one that is not is not made current. Also false while a lost
   /// context cannot be had again.
   static bool o_enableContext(const std::shared_ptr<VELGLContext>& context);
+  static bool o_isRegistered(const std::shared_ptr<VELGLContext>& context);
   /// Takes back one registration. The last one deletes its programs.
   static void o_freeContext(const std::shared_ptr<VELGLContext>& context);
 
   /// A program of the current context, built on first use with the slots of @p attributes and again after the
-  /// context was lost; null when no context is current. Owned by the controller.
+  /// context was lost; null when the context that is current was not enabled here. Owned by the controller.
   static VELBrushShaderProgram* o_defaultBrushShader(const VELShaderAttributes& attributes);
   static VELBrushShaderProgram* o_textureBrushShader(const VELShaderAttributes& attributes);
   static VELBrushShaderProgram* o_coloredTextureBrushShader(const VELShaderAttributes& attributes);
   static VELBrushShaderProgram* o_palettedTextureBrushShader(const VELShaderAttributes& attributes);
-  /// Known state of the current context; null when none is.
+  /// Known state of the current context; null as above.
   static VELGLState* o_currentState();
 
   static bool o_buffersEnabled();

@@ -1,10 +1,12 @@
 #include "velmora/rendering/opengl_render_context.h"
 
+#include <algorithm>
 #include <span>
 
 #include "velmora/data/array_controller.h"
 #include "velmora/rendering/brush_shader_controller.h"
 #include "velmora/rendering/opengl_context_controller.h"
+#include "velmora/rendering/pixel_grid.h"
 #include "velmora/rendering/render_surface.h"
 
 namespace {
@@ -13,6 +15,18 @@ std::shared_ptr<VELGLContext> currentContext() {
   VELGLContext* const context = VELGLContext::current();
   return context ? context->weak_from_this().lock() : nullptr;
 }
+
+/// Sets a mark for the length of a block.
+class Mark {
+ public:
+  explicit Mark(bool& mark) : _mark(mark) { _mark = true; }
+  Mark(const Mark&) = delete;
+  Mark& operator=(const Mark&) = delete;
+  ~Mark() { _mark = false; }
+
+ private:
+  bool& _mark;
+};
 
 }  // namespace
 
@@ -42,6 +56,7 @@ VELSize VELOpenGLRenderContext::viewportSize() const {
 }
 
 void VELOpenGLRenderContext::clear() {
+  if (_isReplaying) return;
   for (const auto& buffer : _drawingBuffers) buffer->o_clearBuffer();
   _drawingOrder.o_clearQueue();
   _currentDrawingBuffer = 0;
@@ -54,10 +69,18 @@ void VELOpenGLRenderContext::clear() {
 }
 
 void VELOpenGLRenderContext::performDrawingCommands() {
+  if (_isReplaying) return;
   _wasChanged = false;
   // The names of buffers and programs mean something else, or nothing, in another GL context.
   const auto context = parentContext();
   if (!_hasGLStores || !context || context.get() != VELGLContext::current()) return;
+  // Outside of a frame of the surface the application may have made the context current by itself, and left a
+  // vertex array of its own bound.
+  if (!VELOpenGLContextController::o_currentState() && !VELOpenGLContextController::o_enableContext(context))
+    return;
+  if (!VELOpenGLContextController::o_currentState()->isDrawing()) context->gl().resetES3State();
+  // A brush of the application's own may draw or clear here; the commands of the frame have to stay in place.
+  const Mark replaying(_isReplaying);
   _drawingOrder.o_performCommands();
 }
 
@@ -65,7 +88,7 @@ void VELOpenGLRenderContext::performDrawingCommands() {
 // the second answer is 0 as well and it is not drawn.
 template <typename Draw>
 void VELOpenGLRenderContext::p_VEL_drawWithRetry(Draw&& draw) {
-  _wasChanged = true;
+  if (!p_VEL_mayRecord()) return;
   if (draw() != 0) return;
   p_VEL_o_createDrawingBuffer();
   draw();
@@ -83,7 +106,7 @@ void VELOpenGLRenderContext::drawRectWithBrush(const VELBrushPtr& brush, float f
 }
 
 void VELOpenGLRenderContext::beginPolylineWithBrush(const VELPenPtr& pen, float x, float y) {
-  _wasChanged = true;
+  if (!p_VEL_mayRecord()) return;
   // No retry on purpose: the first point writes nothing, the second one moves on if it must.
   _polylineHelper.o_beginPolylinePrimitiveWithBrush(pen, double{x}, double{y});
 }
@@ -95,7 +118,7 @@ void VELOpenGLRenderContext::extendPolylineWithBrush(const VELPenPtr& pen, float
 
 void VELOpenGLRenderContext::drawPolylineWithBrush(const VELPenPtr& pen, const VELArrayController& xData,
                                                    const VELArrayController& yData, int32_t) {
-  _wasChanged = true;
+  if (!p_VEL_mayRecord()) return;
   if (!pen || xData.type() != VELDataType_Double || yData.type() != VELDataType_Double) return;
   const std::span xs = xData.doubles(), ys = yData.doubles();
   if (xs.size() < 2 || xs.size() != ys.size()) return;
@@ -125,7 +148,7 @@ void VELOpenGLRenderContext::renderEllipseToBufferX(VELArrayController& xData, V
 void VELOpenGLRenderContext::drawEllipseWithBrush(const VELBrushPtr& brush, float centerX, float centerY,
                                                   const VELArrayController& xData,
                                                   const VELArrayController& yData) {
-  _wasChanged = true;
+  if (!p_VEL_mayRecord()) return;
   // What no buffer takes must not cost a new one.
   if (!_ellipseHelper.o_canDraw(xData, yData)) return;
   p_VEL_drawWithRetry(
@@ -163,11 +186,14 @@ void VELOpenGLRenderContext::extendBandAreaWithBrush1(const VELBrushPtr& brush1,
 void VELOpenGLRenderContext::beginNewPrimitive() { _drawingOrder.o_beginNewPrimitive(); }
 
 void VELOpenGLRenderContext::setDrawingArea(const VELRect& area) {
+  if (_isReplaying) return;
   const auto surface = parentRenderSurface();
-  const double height = surface ? surface->frame().height : 0.0;
   const double scale = double{_sizeScale};
-  const VELRect scissor = {area.x * scale, (height - area.y - area.height) * scale, area.width * scale,
-                           area.height * scale};
+  // GL counts from the bottom edge of the last pixel, which a frame of a broken height does not reach.
+  const double height = surface ? std::max(0.0, VELTouchedPixels(surface->frame().height, scale)) : 0.0;
+  const VELRect scissor = {VELSnappedToPixels(area.x * scale),
+                           VELSnappedToPixels(height - (area.y + area.height) * scale),
+                           VELSnappedToPixels(area.width * scale), VELSnappedToPixels(area.height * scale)};
   _drawingOrder.o_addSetDrawingAreaComandWithFrame(area, scissor);
 }
 
@@ -185,8 +211,11 @@ void VELOpenGLRenderContext::p_VEL_o_createDrawingBuffer() {
   if (_drawingBuffers.empty() || _currentDrawingBuffer == _drawingBuffers.size() - 1) {
     const auto context = parentContext();
     const bool isCurrent = VELOpenGLContextController::o_enableContext(context);
+    // While the driver does not give a lost context back, a buffer makes its stores later, as the older ones
+    // do.
+    const bool comesBack = context && context->isLost();
     _drawingBuffers.push_back(
-        std::make_unique<VELDrawingBuffer>(_drawingBufferSize, isCurrent ? context : nullptr));
+        std::make_unique<VELDrawingBuffer>(_drawingBufferSize, isCurrent || comesBack ? context : nullptr));
     _hasGLStores = _hasGLStores && _drawingBuffers.back()->hasGLStores();
     _currentDrawingBuffer = _drawingBuffers.size() - 1;
   } else {

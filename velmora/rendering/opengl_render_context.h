@@ -92,6 +92,11 @@ class VELMORA_API VELOpenGLRenderContext final : public VELRenderContext2D {
   void p_VEL_o_createDrawingBuffer();
   void p_VEL_o_updatePrimitivesConfiguration();
   void p_VEL_makeCurrent(VELDrawingBuffer& buffer);
+  /// False during a replay, which nothing may change.
+  bool p_VEL_mayRecord() {
+    if (!_isReplaying) _wasChanged = true;
+    return !_isReplaying;
+  }
   template <typename Draw>
   void p_VEL_drawWithRetry(Draw&& draw);
 
@@ -109,6 +114,7 @@ class VELMORA_API VELOpenGLRenderContext final : public VELRenderContext2D {
   VELTexturedRectanglePrimitive _spriteHelper;
   VELBandAreaPrimitive _bandHelper;
   bool _hasGLStores = true;  ///< of every buffer; without them there is nothing that a replay could draw
+  bool _isReplaying = false;
   bool _wasChanged = false;
   float _sizeScale = 1.0f;
   std::weak_ptr<VELGLContext> _parentContext;

@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <limits>
+#include <utility>
 
 #include "velmora/data/saturate.h"
 #include "velmora/platform/composer.h"
 #include "velmora/rendering/drawing_buffer.h"
 #include "velmora/rendering/opengl_context_controller.h"
 #include "velmora/rendering/opengl_render_context.h"
+#include "velmora/rendering/pixel_grid.h"
 #include "velmora/rendering/render_surface_style.h"
 
 namespace {
@@ -16,27 +19,24 @@ namespace {
 constexpr int32_t sampleCount = 4;
 // The drawing plane lies at −7, between the near and the far plane.
 constexpr float nearPlane = 4.0f, farPlane = 10.0f, drawingPlane = -7.0f;
-// Parts of a pixel that are the rounding of scales and frames, no pixel of their own.
-constexpr double pixelSlack = 1.0 / 256.0;
 
 /// Points of a side that can be drawn.
 double drawable(double points) { return std::isfinite(points) && points > 0.0 ? points : 0.0; }
 
-/// Whole pixels that a side touches.
 int32_t touchedPixels(double points, double scale) {
-  return VELSaturate<int32_t>(std::ceil(points * scale - pixelSlack));
+  return VELSaturate<int32_t>(VELTouchedPixels(points, scale));
 }
 
 /// Points that reach to the end of the last pixel.
 double pointsOf(double points, double scale) {
   const int32_t pixels = touchedPixels(points, scale);
-  return std::abs(pixels - points * scale) <= pixelSlack ? points : pixels / scale;
+  return std::abs(pixels - points * scale) <= VELPixelSlack ? points : pixels / scale;
 }
 
-/// The same for a clip box, which is cut to whole pixels and has to arrive there.
-double clippedPointsOf(double points, double scale) {
-  const int32_t pixels = touchedPixels(points, scale);
-  return VELSaturate<int32_t>(points * scale) == pixels ? points : (pixels + pixelSlack / 4.0) / scale;
+/// Pixels per point that can be drawn with, also as a float.
+bool isDensity(double scale) {
+  using Limits = std::numeric_limits<float>;
+  return scale >= double{Limits::min()} && scale <= double{Limits::max()};
 }
 
 bool checkFramebuffer(VELGL& gl, uint32_t framebuffer) {
@@ -59,6 +59,7 @@ std::shared_ptr<VELOpenGLRenderSurface> VELOpenGLRenderSurface::initWithFrame(co
   if (!host.glContext()) return nullptr;
   auto surface = std::make_shared<VELOpenGLRenderSurface>(Key(), frame, host);
   VELOpenGLContextController::o_createContext(surface->_context);
+  surface->_isRegistered = true;
   surface->p_VEL_setUpDisplayLink(host.displayLink());
   surface->p_VEL_createContexts();
   surface->layoutSubviews();
@@ -69,13 +70,13 @@ VELOpenGLRenderSurface::VELOpenGLRenderSurface(Key, const VELRect& frame, VELHos
     : VELRenderSurfaceBase(frame),
       _context(host.glContext()),
       _layer(std::make_unique<VELGLLayer>(_context)),
-      _contentScale(static_cast<float>(host.contentScale())),
+      _contentScale(isDensity(host.contentScale()) ? static_cast<float>(host.contentScale()) : 1.0f),
       _pixelScale(_contentScale) {}
 
 VELOpenGLRenderSurface::~VELOpenGLRenderSurface() {
   {
-    const VELGLContextScope scope(*_context);
-    if (scope.isCurrent() && !_context->hasLost(_generation)) p_VEL_deleteFramebuffers();
+    const VELGLContextScope scope(*_context, _generation);
+    if (scope.isCurrent()) p_VEL_deleteFramebuffers();
   }
   // While the GL context is still registered: contexts make it current to give their buffers back.
   addRenderContext(nullptr);
@@ -136,8 +137,7 @@ void VELOpenGLRenderSurface::setBackgroundColor(const VELColor& color) {
 }
 
 void VELOpenGLRenderSurface::free() {
-  if (_freed) return;
-  _freed = true;
+  if (!std::exchange(_isRegistered, false)) return;
   if (const auto displayLink = _displayLink.lock()) displayLink->remove(_displayLinkKey);
   VELOpenGLContextController::o_freeContext(_context);
 }
@@ -151,7 +151,7 @@ void VELOpenGLRenderSurface::p_VEL_deleteFramebuffers() {
 }
 
 void VELOpenGLRenderSurface::contentScaleChanged(double pixelsPerPoint) {
-  if (!std::isfinite(pixelsPerPoint) || !(pixelsPerPoint > 0.0)) return;
+  if (!isDensity(pixelsPerPoint)) return;
   _contentScale = static_cast<float>(pixelsPerPoint);
   invalidateElement();
 }
@@ -203,7 +203,8 @@ void VELOpenGLRenderSurface::compose(VELComposer& composer, const VELRect& frame
 }
 
 bool VELOpenGLRenderSurface::needsDisplay() const {
-  return !_freed && (VELRenderSurfaceBase::needsDisplay() || !_layer->isPresented());
+  const bool isWaiting = VELRenderSurfaceBase::needsDisplay() || !_layer->isPresented();
+  return isWaiting && _isRegistered && VELOpenGLContextController::o_isRegistered(_context);
 }
 
 void VELOpenGLRenderSurface::onRenderTimeElapsed() {
@@ -221,10 +222,17 @@ bool VELOpenGLRenderSurface::p_VEL_usesMultisampling() const {
 
 bool VELOpenGLRenderSurface::p_VEL_renderOpenGL() {
   // The delegate may have freed the surface while it drew.
-  if (_freed || !p_VEL_enterContext()) return false;
+  if (!_isRegistered || !p_VEL_enterContext()) return false;
+#ifndef NDEBUG
+  // Left by whoever used the GL context in between: no fault of this frame.
+  _context->forgetErrors();
+#endif
   if (_layer->texture() == 0) layoutSubviews();
   VELGL& gl = _context->gl();
-  VELGLState& state = *VELOpenGLContextController::o_currentState();
+  // Gone when the layout found the context lost.
+  VELGLState* const known = VELOpenGLContextController::o_currentState();
+  if (!known) return false;
+  VELGLState& state = *known;
   state.prepareForDrawing();
   gl.bindFramebuffer(VELGL_FRAMEBUFFER, p_VEL_usesMultisampling() ? _sampleFramebuffer : _framebuffer);
   const VELColor color = isReadable(_backgroundColor) ? _backgroundColor : VELColor(1.0, 1.0, 1.0, 1.0);
@@ -237,11 +245,11 @@ bool VELOpenGLRenderSurface::p_VEL_renderOpenGL() {
   state.setScissor(0, 0, _width, _height);
   if (p_VEL_usesMultisampling()) p_VEL_resolveMultisampling();
   state.finishDrawing();
+  // What was drawn after a loss is nothing; the next refresh draws it again.
+  if (_context->checkLost()) return false;
 #ifndef NDEBUG
   _context->checkErrors();
 #endif
-  // What was drawn after a loss is nothing; the next refresh draws it again.
-  if (_context->checkLost()) return false;
   _layer->present();
   return true;
 }
@@ -257,7 +265,8 @@ void VELOpenGLRenderSurface::p_VEL_performContexts() {
   view[14] = drawingPlane;
   for (const auto* context : {&backgroundContext(), &renderContext(), &modifierContext()}) {
     // A context without a drawing area of its own draws over the whole surface.
-    VELOpenGLContextController::o_currentState()->setScissor(0, 0, _width, _height);
+    if (VELGLState* const state = VELOpenGLContextController::o_currentState())
+      state->setScissor(0, 0, _width, _height);
     // The application may have put in a context of its own, or none: that one has nothing to replay here.
     const auto recorded = std::dynamic_pointer_cast<VELOpenGLRenderContext>(*context);
     if (!recorded) continue;
@@ -282,9 +291,9 @@ void VELOpenGLRenderSurface::drawBackground(VELRenderContext2D& context, const V
   // The surface stands at the origin of its drawing, wherever it stands in its parent, and no pixel of it
   // shows what lies behind.
   const auto scale = double{_pixelScale};
-  const VELRect whole = {0.0, 0.0, clippedPointsOf(drawable(frame().width), scale),
-                         clippedPointsOf(drawable(frame().height), scale)};
-  const VELRect chart = chartFrame();
+  const VELRect whole = {0.0, 0.0, pointsOf(drawable(frame().width), scale),
+                         pointsOf(drawable(frame().height), scale)};
+  const VELRect chart = p_VEL_chartFrameInSurface();
   context.setDrawingArea(whole);
   const auto left = static_cast<float>(chart.x), top = static_cast<float>(chart.y);
   const auto right = static_cast<float>(chart.right()), bottom = static_cast<float>(chart.bottom());

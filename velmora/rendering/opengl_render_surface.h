@@ -22,10 +22,14 @@ class VELOpenGLRenderContext;
 /// pixel of the layer. When the GL context is lost the surface needs the display, and the next refresh shows
 /// the recorded contexts again as they were: nobody has to draw anew.
 class VELMORA_API VELOpenGLRenderSurface final : public VELRenderSurfaceBase {
-  struct Key {};  ///< only `initWithFrame` has one
+  /// Only `initWithFrame` has one: every surface is registered with its GL context.
+  struct Key {
+    explicit Key() = default;
+  };
 
  public:
-  /// A surface on the GL context of @p host, with its three contexts; ready to draw.
+  /// A surface on the GL context of @p host, with its three contexts; ready to draw. A density of the host
+  /// that is no positive number counts as 1.
   /// @return null when the host has no GL context
   static std::shared_ptr<VELOpenGLRenderSurface> initWithFrame(const VELRect& frame, VELHost& host);
 
@@ -33,7 +37,8 @@ class VELMORA_API VELOpenGLRenderSurface final : public VELRenderSurfaceBase {
   ~VELOpenGLRenderSurface() override;
 
   std::shared_ptr<VELDisplayLink> displayLink() const override { return _displayLink.lock(); }
-  /// As the base does; also true until the layer holds a whole frame. A freed surface waits for nothing.
+  /// As the base does; also true until the layer holds a whole frame. A surface that was freed, or whose GL
+  /// context was, waits for nothing.
   bool needsDisplay() const override;
   void onRenderTimeElapsed() override;
   void layoutSubviews() override;
@@ -91,5 +96,5 @@ class VELMORA_API VELOpenGLRenderSurface final : public VELRenderSurfaceBase {
   int32_t _drawingBufferSize = 65536;
   VELColor _backgroundColor;
   VELRect _projectionFrame;
-  bool _freed = false;
+  bool _isRegistered = false;  ///< from `initWithFrame` to `free`
 };

@@ -15,7 +15,15 @@
 class VELArrayController;
 class VELRenderSurface;
 
-/// Records shapes. No operation raises; a null brush and coordinates that are not finite draw nothing.
+/// Records shapes. A null brush and coordinates that are not finite draw nothing.
+///
+/// No operation raises but for want of memory (`std::bad_alloc`). A recorded frame takes 16 bytes for a
+/// vertex and 2 for an index, 4 of each for a segment of a line, in memory and again in GL; what the largest
+/// frame took stays for the life of the context. Lines with many more points than pixels are best resampled
+/// first.
+///
+/// While the context replays its frame, which a brush of the application's own sees from inside its `apply`,
+/// every operation that draws, `setDrawingArea`, `clear` and `performDrawingCommands` are ignored.
 class VELMORA_API VELRenderContext2D {
  public:
   virtual ~VELRenderContext2D() = default;
@@ -38,9 +46,12 @@ class VELMORA_API VELRenderContext2D {
   /// A filled triangle.
   virtual void drawTriangleWithBrush(const VELBrushPtr& brush, float x1, float y1, float x2, float y2,
                                      float x3, float y3) = 0;
-  /// The outline of an ellipse around (0, 0) as points, from angle 0 on; draws nothing.
+  /// The outline of an ellipse around (0, 0) as places, from angle 0 on; draws nothing.
   /// @param xData, yData emptied, then filled; unless both hold 32-bit floats they stay empty
-  /// @param detalization number of points
+  /// @param radiusVertical, radiusHorizontal in points of the screen
+  /// @param detalization places in the outline, at most 32766, which is also what a larger number gives;
+  /// below
+  ///        1 there are none
   virtual void renderEllipseToBufferX(VELArrayController& xData, VELArrayController& yData,
                                       float radiusVertical, float radiusHorizontal, int32_t detalization) = 0;
   /// A filled ellipse around a centre, from an outline as `renderEllipseToBufferX` gives it. Columns that are
@@ -59,20 +70,24 @@ class VELMORA_API VELRenderContext2D {
   /// @param startingIndex ignored on purpose: a polyline is always drawn from its first point
   virtual void drawPolylineWithBrush(const VELPenPtr& pen, const VELArrayController& xData,
                                      const VELArrayController& yData, int32_t startingIndex) = 0;
-  /// Starts the filled area between a line and a base.
+  /// Starts the filled area between a line and a base. From here to the last extension nothing else may be
+  /// recorded in this context: behind another shape, drawing area or kind of brush the next slice is missing.
   /// @param zero coordinate of the base: a y, on a vertical chart an x
   virtual void beginZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y, float zero,
                                             bool isVertical) = 0;
-  /// The next point of the line. A point that is not finite leaves a gap.
+  /// The next point of the line, with nothing else recorded since the last one. A point that is not finite
+  /// leaves a gap.
   virtual void extendZeroToLineAreaWithBrush(const VELBrushPtr& brush, float x, float y, float zero,
                                              bool isVertical) = 0;
-  /// Starts the filled band between two lines.
+  /// Starts the filled band between two lines. As above, nothing else may be recorded before its last
+  /// extension.
   /// @param brush1 colours it where the second line has the larger coordinate, @p brush2 elsewhere; on a
   ///        vertical chart where the first line has it
   /// @param x place along the X axis: a y on the screen of a vertical chart, where @p y1 and @p y2 are x
   virtual void beginBandAreaWithBrush1(const VELBrushPtr& brush1, const VELBrushPtr& brush2, float x,
                                        float y1, float y2, bool isVertical) = 0;
-  /// The next pair of points. A point that is not finite leaves a gap.
+  /// The next pair of points, with nothing else recorded since the last one. A point that is not finite
+  /// leaves a gap.
   virtual void extendBandAreaWithBrush1(const VELBrushPtr& brush1, const VELBrushPtr& brush2, float x,
                                         float y1, float y2, bool isVertical) = 0;
   /// Tells that the next shape is unrelated to the last one.

@@ -43,7 +43,8 @@ class VELMORA_API VELRenderSurface : public VELInvalidatableElement {
   /// What lies behind everything.
   virtual const std::shared_ptr<VELRenderContext2D>& backgroundContext() const = 0;
 
-  /// In points, in the superview.
+  /// In points, in the superview. A surface has as many whole pixels as its frame touches, counted from its
+  /// top left corner.
   virtual const VELRect& frame() const = 0;
   /// Frame of the chart frame view (zero when that view is gone), or the own frame when none was set.
   virtual VELRect chartFrame() const = 0;

@@ -21,8 +21,8 @@ class VELMORA_API VELRenderSurfaceBase : public VELView, public VELRenderSurface
   /// The beat at which this surface redraws; null for none.
   virtual std::shared_ptr<VELDisplayLink> displayLink() const { return nullptr; }
 
-  /// Stores a context and lets its invalidation set the flag of its kind. A changed background sets the
-  /// modifier flag on purpose: the lighter of the two steps draws it.
+  /// Stores a context and lets its invalidation set the flag of its kind; to be called after construction.
+  /// A changed background sets the modifier flag on purpose: the lighter of the two steps draws it.
   void addRenderContext(std::shared_ptr<VELRenderContext2D> context);
   void addModifierContext(std::shared_ptr<VELRenderContext2D> context);
   void addBackgroundContext(std::shared_ptr<VELRenderContext2D> context);
@@ -66,6 +66,9 @@ class VELMORA_API VELRenderSurfaceBase : public VELView, public VELRenderSurface
   void setRenderedCallback(RenderedCallback callback) override;
 
  protected:
+  /// The chart frame where the surface draws, whose origin is that of its drawing: wherever the surface
+  /// stands in its superview, without a chart frame view it is all of the surface.
+  VELRect p_VEL_chartFrameInSurface() const { return _hasChartFrameView ? chartFrame() : bounds(); }
   /// Calls the rendered callback, if there is one; it may replace itself.
   void p_VEL_callRendered(int32_t reason) const;
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <utility>
 
 #include "velmora/rendering/gradient_ramp.h"
+#include "velmora/rendering/opengl_context_controller.h"
 
 namespace {
 
@@ -25,6 +27,27 @@ bool isPossible(int32_t width, int32_t height) {
 
 bool holds(size_t values, size_t perTexel, int32_t width, int32_t height) {
   return isPossible(width, height) && values / perTexel >= texels(width, height);
+}
+
+bool isInFrame() {
+  const VELGLState* const state = VELOpenGLContextController::o_currentState();
+  return state && state->isDrawing();
+}
+
+// Outside of a frame of a surface nobody has set what the meaning of an upload hangs on.
+void prepareUpload(VELGL& gl) {
+  if (!isInFrame()) gl.resetES3State();
+}
+
+/// Whether GL took the pixels: it may have no memory for them.
+bool uploads(VELGLContext& context, int32_t width, int32_t height, const void* pixels) {
+  // What was noted until now is no answer to this. In a debug build the frame is asked for it.
+#ifndef NDEBUG
+  if (isInFrame()) context.checkErrors();
+#endif
+  context.forgetErrors();
+  context.gl().texImage2D(VELGL_TEXTURE_2D, VELGL_RGBA, width, height, pixels);
+  return context.gl().getError() == VELGL_NO_ERROR;
 }
 
 uint8_t byteOf(float value) {
@@ -161,6 +184,7 @@ void VELTextureOpenGL::p_VEL_make(const ContextPtr& context) {
     _width = _height = 0;
     return;
   }
+  parent->gl().activeTexture(VELGL_TEXTURE0);
   p_VEL_bringUpToDate(p_VEL_in(*parent), parent->gl());
 }
 
@@ -186,16 +210,18 @@ void VELTextureOpenGL::p_VEL_create(InContext& texture, VELGLContext& context) c
   texture.name = gl.genTexture();
   texture.hasFilter = false;
   const int32_t limit = gl.getInteger(VELGL_MAX_TEXTURE_SIZE);
-  texture.hasPixels = !isEmpty() && _width <= limit && _height <= limit;
   texture.changedFirst = texture.changedEnd = 0;
   gl.bindTexture(VELGL_TEXTURE_2D, texture.name);
   gl.texParameteri(VELGL_TEXTURE_2D, VELGL_TEXTURE_WRAP_S, VELGL_CLAMP_TO_EDGE);
   gl.texParameteri(VELGL_TEXTURE_2D, VELGL_TEXTURE_WRAP_T, VELGL_CLAMP_TO_EDGE);
+  prepareUpload(gl);
   gl.pixelStorei(VELGL_UNPACK_ALIGNMENT, 4);
-  if (texture.hasPixels)
-    gl.texImage2D(VELGL_TEXTURE_2D, VELGL_RGBA, _width, _height, _pixels.data());
-  else
-    gl.texImage2D(VELGL_TEXTURE_2D, VELGL_RGBA, 1, 1, nothing);
+  const bool fits = !isEmpty() && _width <= limit && _height <= limit;
+  texture.hasPixels = fits && uploads(context, _width, _height, _pixels.data());
+  if (fits && !texture.hasPixels)
+    std::fprintf(stderr, "OpenGL has no memory for a picture of %d x %d pixels; it is not drawn.\n", _width,
+                 _height);
+  if (!texture.hasPixels) gl.texImage2D(VELGL_TEXTURE_2D, VELGL_RGBA, 1, 1, nothing);
 }
 
 void VELTextureOpenGL::bind(uint32_t unit) {
@@ -219,6 +245,7 @@ void VELTextureOpenGL::p_VEL_bringUpToDate(InContext& texture, VELGL& gl) const 
   }
   const int32_t rows = texture.changedEnd - texture.changedFirst;
   if (rows <= 0 || !texture.hasPixels) return;
+  prepareUpload(gl);
   gl.pixelStorei(VELGL_UNPACK_ALIGNMENT, 4);
   gl.texSubImage2D(VELGL_TEXTURE_2D, 0, texture.changedFirst, _width, rows, VELGL_RGBA,
                    _pixels.data() + texels(_width, texture.changedFirst) * channels);

@@ -60,7 +60,7 @@ void drawMarkers(VELRenderContext2D& context, VELPaletteStyles& styles, const VE
   const auto across = points.across(), xs = points.screenX().doubles(), ys = points.screenY().doubles();
   for (size_t i = 0; i < across.size(); ++i) {
     if (std::isnan(across[i])) continue;
-    if (VELPointMarkerBase* const marker = styles.markerAt(xs[i], ys[i], indices[i]))
+    if (const auto marker = styles.markerAt(xs[i], ys[i], indices[i]))
       cluster.drawPointMarker(*marker, static_cast<float>(xs[i]), static_cast<float>(ys[i]), context);
   }
 }
@@ -116,14 +116,14 @@ void VELFastLineRenderableSeries::internalDrawWithContext(VELRenderContext2D& co
   const auto palette = paletteProvider();
   const bool isDigitalLine = style->isDigitalLine();
   fitHitTest(isDigitalLine);
-  if (const auto& pen = style->linePen()) pen->setRenderPassData(&data);
+  const VELPenPtr pen = style->linePen();
+  if (pen) pen->setRenderPassData(&data);
   if (palette) {
     // The palette is told of the data here and again where it is drawn with; both are meant.
     palette->updateData(data);
-    return drawLineSeriesToContext(context, data, palette, isDigitalLine, true);
+    return drawPalettedLine(context, data, palette, isDigitalLine, pen);
   }
-  VELRenderableSeriesDrawingHelper::drawPolylineToContext(context, data, style->linePen(), isDigitalLine,
-                                                          true);
+  VELRenderableSeriesDrawingHelper::drawPolylineToContext(context, data, pen, isDigitalLine, true);
   if (style->drawPointMarkers())
     VELRenderableSeriesDrawingHelper::drawPointMarkers(style->pointMarker(), context, data, style->cluster());
 }
@@ -132,6 +132,12 @@ void VELFastLineRenderableSeries::drawLineSeriesToContext(VELRenderContext2D& co
                                                           const VELRenderPassData& data,
                                                           const std::shared_ptr<VELPaletteProvider>& palette,
                                                           bool isDigitalLine, bool) {
+  drawPalettedLine(context, data, palette, isDigitalLine, nullptr);
+}
+
+void VELFastLineRenderableSeries::drawPalettedLine(VELRenderContext2D& context, const VELRenderPassData& data,
+                                                   const std::shared_ptr<VELPaletteProvider>& palette,
+                                                   bool isDigitalLine, const VELPenPtr& spanned) {
   // Held, the argument too: what the palette does may replace both.
   // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const auto held = palette;
@@ -142,7 +148,7 @@ void VELFastLineRenderableSeries::drawLineSeriesToContext(VELRenderContext2D& co
   if (points.isEmpty()) return;
   const auto indices = data.pointSeries()->indexSpan();
   const auto cluster = style->cluster();
-  VELPaletteStyles styles(*held, data, *style);
+  VELPaletteStyles styles(*held, data, *style, spanned);
   context.beginNewPrimitive();
   drawLine({context, styles, data.isVerticalChart()}, points, indices, isDigitalLine);
   if (cluster) drawMarkers(context, styles, points, indices, *cluster);

@@ -20,7 +20,7 @@ class VELMORA_API VELFastLineRenderableSeries : public VELRenderableSeriesBase {
 
   /// The series' own style; a change of it redraws the chart.
   const std::shared_ptr<VELLineSeriesStyle>& style() const { return _style; }
-  /// Keeps a copy.
+  /// Keeps a copy and redraws the chart.
   void setStyle(const VELLineSeriesStyle& style);
 
   void internalDrawWithContext(VELRenderContext2D& context, const VELRenderPassData& data) override;
@@ -41,6 +41,10 @@ class VELMORA_API VELFastLineRenderableSeries : public VELRenderableSeriesBase {
  private:
   void adoptStyle(std::shared_ptr<VELLineSeriesStyle> style);
   void fitHitTest(bool isDigitalLine);
+  /// @param spanned the pen that has the data of the pass already; null for none
+  void drawPalettedLine(VELRenderContext2D& context, const VELRenderPassData& data,
+                        const std::shared_ptr<VELPaletteProvider>& palette, bool isDigitalLine,
+                        const VELPenPtr& spanned);
 
   /// What the style's block holds weakly: it ends with the series.
   std::shared_ptr<VELFastLineRenderableSeries*> _alive = std::make_shared<VELFastLineRenderableSeries*>(this);

@@ -55,9 +55,11 @@ void VELLineSeriesStyle::setCluster(std::shared_ptr<VELPointMarkerClusterizer> c
 float VELLineSeriesStyle::clusterSpacing() const { return _cluster ? _cluster->spacing() : 0.0f; }
 
 void VELLineSeriesStyle::setClusterSpacing(float spacing) {
-  if (_cluster) {
-    _cluster->purge();
-    _cluster->setSpacing(spacing);
+  // What the clusterizer tells may put others in the place of it and of this style, which then are gone.
+  const Block styleChanged = p_VEL_styleBlock();
+  if (const auto cluster = _cluster) {
+    cluster->purge();
+    cluster->setSpacing(spacing);
   }
-  p_VEL_callStyleChanged();
+  p_VEL_call(styleChanged);
 }

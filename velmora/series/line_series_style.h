@@ -36,7 +36,8 @@ class VELMORA_API VELLineSeriesStyle final : public VELSeriesStyle {
   /// Decides which markers are drawn; without one none is. One clusterizer serves one series.
   const std::shared_ptr<VELPointMarkerClusterizer>& cluster() const { return _cluster; }
   void setCluster(std::shared_ptr<VELPointMarkerClusterizer> cluster);
-  /// Side of the square that takes one marker, in points; 0 without a clusterizer.
+  /// Side of the square that takes one marker, in points; 0 without a clusterizer. At 0 or less, at NaN and
+  /// at so small a side that its squares are too many, no marker is drawn.
   float clusterSpacing() const;
   void setClusterSpacing(float spacing);
 

@@ -31,7 +31,8 @@ void VELPointMarkerClusterizer::setSpacing(float spacing) {
   _spacing = spacing;
   _inverseSpacing = 1.0f / spacing;
   p_VEL_createData();
-  if (_propertiesChanged) _propertiesChanged();
+  const auto block = _propertiesChanged;
+  if (block && *block) (*block)();
 }
 
 void VELPointMarkerClusterizer::clear() {

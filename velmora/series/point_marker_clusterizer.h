@@ -33,7 +33,8 @@ class VELMORA_API VELPointMarkerClusterizer {
   void setArea(VELSize area);
   VELSize area() const { return {_areaWidth, _areaHeight}; }
   /// Side of a cell, 2.0 at first. The same spacing only frees the cells; another one builds the grid anew
-  /// and calls `propertiesChanged`.
+  /// and calls `propertiesChanged`. At 0 or less, at NaN and at one so small that the area has more cells
+  /// than a grid may have, there is no grid and no marker is drawn.
   void setSpacing(float spacing);
   float spacing() const { return _spacing; }
   /// Frees columns × rows cells. The cells beyond them, which only places on the lower edge reach, are not
@@ -42,7 +43,9 @@ class VELMORA_API VELPointMarkerClusterizer {
   /// Builds the grid anew from area and spacing.
   void purge();
   /// Runs when the spacing has changed.
-  void setPropertiesChanged(std::function<void()> block) { _propertiesChanged = std::move(block); }
+  void setPropertiesChanged(std::function<void()> block) {
+    _propertiesChanged = std::make_shared<const std::function<void()>>(std::move(block));
+  }
 
   int32_t columns() const { return _columns; }
   int32_t rows() const { return _rows; }
@@ -62,5 +65,6 @@ class VELMORA_API VELPointMarkerClusterizer {
   double _areaHeight = 0.0;
   float _spacing = 2.0f;
   float _inverseSpacing = 0.5f;
-  std::function<void()> _propertiesChanged;
+  /// Shared, so that a block outlives its own call when it replaces itself or the clusterizer.
+  std::shared_ptr<const std::function<void()>> _propertiesChanged;
 };

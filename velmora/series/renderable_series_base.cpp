@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "velmora/axes/axis_base.h"
 #include "velmora/axes/calculator_stage.h"
@@ -128,6 +129,20 @@ std::shared_ptr<VELSeriesInfo> VELRenderableSeriesBase::toSeriesInfoWithHitTest(
 void VELRenderableSeriesBase::setPaletteProvider(const std::shared_ptr<VELPaletteProvider>& palette) {
   _paletteProvider = palette;
   invalidateParentSurface();
+}
+
+void VELRenderableSeriesBase::setAxisId(std::string& field, std::string id) {
+  if (field == id) return;
+  field = std::move(id);
+  invalidateParentSurface();
+}
+
+void VELRenderableSeriesBase::setParentSurface(const std::weak_ptr<VELChartSurface>& surface) {
+  // Compared by owner: the former surface may be the one that is being destroyed.
+  const bool isSame = !surface.owner_before(_parentSurface) && !_parentSurface.owner_before(surface);
+  _parentSurface = surface;
+  // A finger must not find what is no longer on the screen.
+  if (!isSame) _currentRenderPassData.reset();
 }
 
 void VELRenderableSeriesBase::invalidateParentSurface() {

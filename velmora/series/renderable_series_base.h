@@ -43,8 +43,8 @@ class VELMORA_API VELRenderableSeriesBase : public VELRenderableSeries,
 
   /// Null without data.
   VELRangePtr getXRange() const override;
+  using VELRenderableSeries::getYRange;
   /// The Y range of the data inside an X range. Null without data.
-  VELRangePtr getYRange(const VELRange& xRange) const { return getYRange(xRange, false); }
   /// @param positive only values above zero count, for logarithmic axes
   VELRangePtr getYRange(const VELRange& xRange, bool positive) const override;
 
@@ -70,11 +70,11 @@ class VELMORA_API VELRenderableSeriesBase : public VELRenderableSeries,
   std::shared_ptr<VELAxisBase> yAxis() const override { return _yAxis; }
   void setYAxis(const std::shared_ptr<VELAxisBase>& axis) override { _yAxis = axis; }
   const std::string& xAxisId() const override { return _xAxisId; }
-  void setXAxisId(std::string id) override { _xAxisId = std::move(id); }
+  void setXAxisId(std::string id) override { setAxisId(_xAxisId, std::move(id)); }
   const std::string& yAxisId() const override { return _yAxisId; }
-  void setYAxisId(std::string id) override { _yAxisId = std::move(id); }
+  void setYAxisId(std::string id) override { setAxisId(_yAxisId, std::move(id)); }
   std::shared_ptr<VELChartSurface> parentSurface() const override { return _parentSurface.lock(); }
-  void setParentSurface(const std::weak_ptr<VELChartSurface>& surface) override { _parentSurface = surface; }
+  void setParentSurface(const std::weak_ptr<VELChartSurface>& surface) override;
   std::shared_ptr<const VELRenderPassData> currentRenderPassData() const override {
     return _currentRenderPassData;
   }
@@ -84,6 +84,8 @@ class VELMORA_API VELRenderableSeriesBase : public VELRenderableSeries,
   const VELSize& lastViewportSize() const { return _lastViewportSize; }
 
  private:
+  void setAxisId(std::string& field, std::string id);
+
   VELSize _lastViewportSize;
   bool _isVisible = true;
   bool _isSelected = false;

@@ -44,14 +44,20 @@ void VELRenderableSeriesDrawingHelper::drawMountainAreaToContext(VELRenderContex
 void VELRenderableSeriesDrawingHelper::drawPointMarkers(
     const std::shared_ptr<VELPointMarkerBase>& marker, VELRenderContext2D& context,
     const VELRenderPassData& data, const std::shared_ptr<VELPointMarkerClusterizer>& cluster) {
-  if (!marker || !cluster) return;
-  cluster->setArea(context.viewportSize());
-  cluster->clear();
+  // Held: they are a style's own, and what a marker does while it draws may give the style others.
+  // NOLINTBEGIN(performance-unnecessary-copy-initialization)
+  const auto heldMarker = marker;
+  const auto heldCluster = cluster;
+  // NOLINTEND(performance-unnecessary-copy-initialization)
+  if (!heldMarker || !heldCluster) return;
+  heldCluster->setArea(context.viewportSize());
+  heldCluster->clear();
   const VELScreenPoints points(data, VELScreenPointsForm_All);
   if (points.isEmpty()) return;
   const auto across = points.across(), xs = points.screenX().doubles(), ys = points.screenY().doubles();
   context.beginNewPrimitive();
   for (size_t i = 0; i < across.size(); ++i)
     if (!std::isnan(across[i]))
-      cluster->drawPointMarker(*marker, static_cast<float>(xs[i]), static_cast<float>(ys[i]), context);
+      heldCluster->drawPointMarker(*heldMarker, static_cast<float>(xs[i]), static_cast<float>(ys[i]),
+                                   context);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 #include "velmora/platform/export.h"
@@ -13,15 +14,24 @@ class VELMORA_API VELSeriesStyle {
   VELSeriesStyle& operator=(const VELSeriesStyle&) = delete;
   virtual ~VELSeriesStyle() = default;
 
-  const std::function<void()>& styleChanged() const { return _styleChanged; }
-  void setStyleChanged(std::function<void()> callback) { _styleChanged = std::move(callback); }
-
- protected:
-  VELSeriesStyle() = default;
-  void p_VEL_callStyleChanged() const {
-    if (_styleChanged) _styleChanged();
+  const std::function<void()>& styleChanged() const { return *_styleChanged; }
+  void setStyleChanged(std::function<void()> callback) {
+    _styleChanged = std::make_shared<const std::function<void()>>(std::move(callback));
   }
 
+ protected:
+  /// Shared, so that a block outlives its own call when it replaces itself or the whole style.
+  using Block = std::shared_ptr<const std::function<void()>>;
+
+  VELSeriesStyle() = default;
+  void p_VEL_callStyleChanged() const { p_VEL_call(_styleChanged); }
+  static void p_VEL_call(const Block& block) {
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const Block held = block;
+    if (*held) (*held)();
+  }
+  const Block& p_VEL_styleBlock() const { return _styleChanged; }
+
  private:
-  std::function<void()> _styleChanged;
+  Block _styleChanged = std::make_shared<const std::function<void()>>();
 };

@@ -28,6 +28,7 @@ inline void VELApplyRange(VELAxisBase& axis, const VELRangePtr& range) {
   const VELRangePtr own = axis.isRangeOfValidType(*range)
                               ? range
                               : axis.toVisibleRangeMin(range->minAsDouble(), range->maxAsDouble());
+  if (!own) return;
   const VELRangePtr visible = axis.visibleRange();
   if (visible && own->equals(visible.get())) return;
   if (axis.isValidRange(own)) axis.trySetOrAnimateVisibleRange(own);

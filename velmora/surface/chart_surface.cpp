@@ -182,19 +182,31 @@ void VELChartSurface::p_VEL_detachAnnotation(const std::shared_ptr<VELAnnotation
 }
 
 void VELChartSurface::setChartModifier(const std::shared_ptr<VELChartModifier>& modifier) {
+  const auto self = weak_from_this().lock();
+  // The argument may be the surface's own reference.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+  const auto next = modifier;
   p_VEL_detachModifier(std::exchange(_chartModifier, nullptr));
-  _chartModifier = modifier;
+  // The one that went may have set another, which gives way as well.
+  p_VEL_detachModifier(std::exchange(_chartModifier, nullptr));
+  _chartModifier = next;
   p_VEL_attachModifier(_chartModifier);
 }
 
 void VELChartSurface::setAnnotation(const std::shared_ptr<VELAnnotation>& annotation) {
+  const auto self = weak_from_this().lock();
+  // As with the modifier.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+  const auto next = annotation;
   p_VEL_detachAnnotation(std::exchange(_annotation, nullptr));
-  _annotation = annotation;
+  p_VEL_detachAnnotation(std::exchange(_annotation, nullptr));
+  _annotation = next;
   p_VEL_attachAnnotation(_annotation);
 }
 
 void VELChartSurface::setViewportManager(const std::shared_ptr<VELViewportManager>& manager) {
-  if (_viewportManager) _viewportManager->detachVelmoraSurface();
+  // One that was given to another surface meanwhile stays there.
+  if (_viewportManager && _viewportManager->isAttachedTo(*this)) _viewportManager->detachVelmoraSurface();
   _viewportManager = manager;
   if (_viewportManager) _viewportManager->attachVelmoraSurface(shared_from_this());
 }
@@ -310,8 +322,8 @@ void VELChartSurface::resizeAxesAreasLeft(float left, float right, float top, fl
 }
 
 double VELChartSurface::contentScale() const {
-  const auto view = std::dynamic_pointer_cast<VELChartSurfaceView>(_view.lock());
-  return view ? view->contentScale() : 1.0;
+  const auto strongView = _view.lock();
+  return strongView ? strongView->contentScale() : 1.0;
 }
 
 std::shared_ptr<VELDisplayLink> VELChartSurface::displayLink() const {

@@ -76,10 +76,13 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
 
   // What is attached beside them. No setter redraws.
   const std::shared_ptr<VELChartModifier>& chartModifier() const { return _chartModifier; }
+  /// Detaches the former one, and also one that it sets while it is told so; attaches the new one, which may
+  /// be the same. An annotation likewise.
   void setChartModifier(const std::shared_ptr<VELChartModifier>& modifier);
   const std::shared_ptr<VELAnnotation>& annotation() const { return _annotation; }
   void setAnnotation(const std::shared_ptr<VELAnnotation>& annotation);
   const std::shared_ptr<VELViewportManager>& viewportManager() const { return _viewportManager; }
+  /// A manager serves one surface. The former one is detached unless it serves another by now.
   void setViewportManager(const std::shared_ptr<VELViewportManager>& manager);
   /// Gives the surface its gestures and switches all four on; the former ones are switched off.
   void setGestureController(const std::shared_ptr<VELSurfaceGestures>& gestures);
@@ -90,7 +93,7 @@ class VELMORA_API VELChartSurface : public VELAxisSurface,
   std::shared_ptr<VELRenderSurfaceBase> renderSurface() const { return _renderSurface.lock(); }
   void setRenderSurface(const std::shared_ptr<VELRenderSurfaceBase>& renderSurface);
   const std::shared_ptr<VELRenderSurfaceStyle>& style() const { return _style; }
-  /// Keeps a copy, which invalidates the surface and lays out the areas when it changes.
+  /// Keeps a copy. Lays out the areas and asks for a redraw, now and whenever the copy changes.
   void setStyle(const VELRenderSurfaceStyle& style);
   const std::string& chartTitle() const { return _chartTitle; }
   /// Shown above the chart; empty for none.

@@ -55,17 +55,26 @@ bool VELChartSurfaceViewBase::axisAreasNeedResizing() const {
 void VELChartSurfaceViewBase::layoutSubviews() {
   // The surface answers the block by setting sizes and asking for this layout again.
   if (_layingOut) return;
+  // Both held: the block may replace itself or let go of the view.
+  const auto self = weak_from_this().lock();
+  const auto block = _onLayoutSubviews;
   const LayoutGuard guard(_layingOut);
-  if (_onLayoutSubviews)
-    _onLayoutSubviews(wantedSize(VELChartSide_Left), wantedSize(VELChartSide_Right),
-                      wantedSize(VELChartSide_Top), wantedSize(VELChartSide_Bottom));
+  if (*block)
+    (*block)(wantedSize(VELChartSide_Left), wantedSize(VELChartSide_Right), wantedSize(VELChartSide_Top),
+             wantedSize(VELChartSide_Bottom));
   placeSubviews();
   for (const VELChartSide side : kSides)
     if (area(side)) area(side)->layout();
 }
 
+void VELChartSurfaceViewBase::contentScaleChanged(double pixelsPerPoint) {
+  if (!(pixelsPerPoint > 0.0) || !std::isfinite(pixelsPerPoint) || pixelsPerPoint == _contentScale) return;
+  _contentScale = pixelsPerPoint;
+  if (_renderSurface) _renderSurface->invalidateElement();
+}
+
 VELChartSurfaceView::VELChartSurfaceView(const VELRect& frame, double contentScale)
-    : VELChartSurfaceViewBase(frame), _contentScale(contentScale) {}
+    : VELChartSurfaceViewBase(frame, contentScale) {}
 
 VELChartSurfaceView::~VELChartSurfaceView() = default;
 
@@ -98,12 +107,6 @@ bool VELChartSurfaceView::p_VEL_setupSubViews(VELHost& host) {
   addSubview(_titleLabel);
   _subViewsSetUp = true;
   return true;
-}
-
-void VELChartSurfaceView::contentScaleChanged(double pixelsPerPoint) {
-  if (!(pixelsPerPoint > 0.0) || !std::isfinite(pixelsPerPoint) || pixelsPerPoint == _contentScale) return;
-  _contentScale = pixelsPerPoint;
-  if (_surface) _surface->invalidateElement();
 }
 
 void VELChartSurfaceView::applyStandardLook() {

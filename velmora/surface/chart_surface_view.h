@@ -7,6 +7,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <utility>
 
 #include "velmora/axes/axis_area.h"
 #include "velmora/platform/export.h"
@@ -30,7 +31,9 @@ class VELMORA_API VELChartSurfaceViewBase : public VELView {
  public:
   using LayoutBlock = std::function<void(float left, float right, float top, float bottom)>;
 
-  explicit VELChartSurfaceViewBase(const VELRect& frame) : VELView(frame) {}
+  /// @param contentScale pixels per point of the screen, until the tree of views says otherwise
+  explicit VELChartSurfaceViewBase(const VELRect& frame, double contentScale = 1.0)
+      : VELView(frame), _contentScale(contentScale) {}
   /// Frees the render surface.
   ~VELChartSurfaceViewBase() override;
 
@@ -72,9 +75,15 @@ class VELMORA_API VELChartSurfaceViewBase : public VELView {
     _forcedSizes[static_cast<size_t>(side)] = size;
   }
 
-  /// Called at each layout with the wanted sizes, before the areas are placed.
-  const LayoutBlock& onLayoutSubviews() const { return _onLayoutSubviews; }
-  void setOnLayoutSubviews(LayoutBlock block) { _onLayoutSubviews = std::move(block); }
+  /// Pixels per point of the screen that shows the view.
+  double contentScale() const { return _contentScale; }
+
+  /// Called at each layout with the wanted sizes, before the areas are placed. The block belongs to the chart
+  /// surface: with another one the sides no longer get the sizes that their axes want.
+  const LayoutBlock& onLayoutSubviews() const { return *_onLayoutSubviews; }
+  void setOnLayoutSubviews(LayoutBlock block) {
+    _onLayoutSubviews = std::make_shared<const LayoutBlock>(std::move(block));
+  }
 
   /// Whether any area wants another size: left, right, top, bottom.
   bool axisAreasNeedResizing() const;
@@ -84,6 +93,8 @@ class VELMORA_API VELChartSurfaceViewBase : public VELView {
  protected:
   /// Gives every subview its frame from the sizes of the sides.
   virtual void placeSubviews() = 0;
+  /// Draws anew for the new density; one that is not positive and finite is ignored.
+  void contentScaleChanged(double pixelsPerPoint) override;
 
   std::shared_ptr<VELRenderSurfaceBase> _renderSurface;
   std::shared_ptr<VELView> _renderSurfaceSizeView;
@@ -98,7 +109,9 @@ class VELMORA_API VELChartSurfaceViewBase : public VELView {
 
   float wantedSize(VELChartSide side) const;
 
-  LayoutBlock _onLayoutSubviews;
+  /// Shared, so that a block outlives its own call when it replaces itself.
+  std::shared_ptr<const LayoutBlock> _onLayoutSubviews = std::make_shared<const LayoutBlock>();
+  double _contentScale;
   std::array<PanelSize, 4> _panelSizes;
   std::array<float, 4> _forcedSizes = {kNaN, kNaN, kNaN, kNaN};
   bool _layingOut = false;
@@ -119,15 +132,11 @@ class VELMORA_API VELChartSurfaceView : public VELChartSurfaceViewBase {
   const std::shared_ptr<VELChartSurface>& surface() const { return _surface; }
   /// The label above the chart; shows the surface's chart title.
   const std::shared_ptr<VELLabelView>& titleLabel() const { return _titleLabel; }
-  /// Pixels per point of the screen that shows the view.
-  double contentScale() const { return _contentScale; }
 
   void layoutSubviews() override;
 
  protected:
   void placeSubviews() override;
-  /// Draws anew for the new density; one that is not positive and finite is ignored.
-  void contentScaleChanged(double pixelsPerPoint) override;
 
  private:
   VELChartSurfaceView(const VELRect& frame, double contentScale);
@@ -137,7 +146,6 @@ class VELMORA_API VELChartSurfaceView : public VELChartSurfaceViewBase {
   double titleHeight() const;
 
   bool _subViewsSetUp = false;
-  double _contentScale = 1.0;
   std::shared_ptr<VELLabelView> _titleLabel;
   std::shared_ptr<VELChartSurface> _surface;
 };

@@ -23,7 +23,8 @@ class VELMORA_API VELHitTestProvider {
   /// Asks what the series shows at a place. Allocates nothing once warm.
   /// @param point relative to the chart frame, see `VELRenderSurface::pointInChartFrame`
   /// @param radius in points
-  /// @return no point for a series that draws nothing and for a place that is not finite
+  /// @return no point for a series that draws nothing, for one that was detached since it drew, and for a
+  ///         place that is not finite
   VELHitTestInfo hitTestSeries(const VELRenderableSeries& series, VELPoint point,
                                double radius = kDefaultRadius) const;
 

@@ -37,6 +37,9 @@ class VELMORA_API VELRenderableSeries : public VELAxisSeries, public VELInvalida
   virtual void internalDrawWithContext(VELRenderContext2D& context, const VELRenderPassData& data) = 0;
   /// The series shows this data from now on and redraws when it changes. Held strongly; null shows nothing.
   virtual void setDataSeries(const std::shared_ptr<VELDataSeries>& dataSeries) = 0;
+  using VELAxisSeries::getYRange;
+  /// Y extent of the data inside an X range, values of either sign. Null without data.
+  VELRangePtr getYRange(const VELRange& xRange) const { return getYRange(xRange, false); }
   /// Screen coordinate of the zero line in points, NaN without one.
   virtual double getYZeroCoord() const = 0;
   /// Rotation of the chart in radians.
@@ -68,9 +71,11 @@ class VELMORA_API VELRenderableSeries : public VELAxisSeries, public VELInvalida
   virtual void setXAxis(const std::shared_ptr<VELAxisBase>& axis) = 0;
   virtual std::shared_ptr<VELAxisBase> yAxis() const = 0;
   virtual void setYAxis(const std::shared_ptr<VELAxisBase>& axis) = 0;
+  /// Another id redraws the chart.
   virtual void setXAxisId(std::string id) = 0;
   virtual void setYAxisId(std::string id) = 0;
   virtual std::shared_ptr<VELChartSurface> parentSurface() const = 0;
+  /// Held weakly; another surface, or none, makes the series forget what it drew last.
   virtual void setParentSurface(const std::weak_ptr<VELChartSurface>& surface) = 0;
   virtual std::shared_ptr<const VELRenderPassData> currentRenderPassData() const = 0;
   virtual double zeroLineY() const = 0;

@@ -14,7 +14,8 @@
 class VELChartSurface;
 class VELRenderPassInfo;
 
-/// Auto-ranges axes and zooms them to the extents of their data. Does nothing while detached.
+/// Auto-ranges axes and zooms them to the extents of their data. Does nothing while detached. A manager
+/// serves one surface, the last one that it was attached to.
 ///
 /// Blocks that are told of a range may give the surface other axes or another manager: the walk under way
 /// goes on over the axes that it began with, and a manager that was replaced begins no other.
@@ -25,6 +26,7 @@ class VELMORA_API VELViewportManager : public VELInvalidatableElement,
   using Ranges = std::map<std::string, VELRangePtr>;
 
   bool isAttached() const { return _isAttached; }
+  bool isAttachedTo(const VELChartSurface& surface) const { return _scs.lock().get() == &surface; }
   /// The surface is held weakly.
   void attachVelmoraSurface(const std::shared_ptr<VELChartSurface>& surface);
   void detachVelmoraSurface();

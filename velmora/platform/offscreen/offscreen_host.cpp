@@ -39,7 +39,8 @@ std::string tooLarge(const VELSize& inPixels, int32_t limit) {
 }
 
 void refresh(VELGLContext& context, VELDisplayLink& displayLink, VELView& rootView, double seconds) {
-  context.makeCurrent();
+  // A loss that the driver knows of is mended by the drawing of this refresh, not of the next one.
+  if (context.makeCurrent() && context.checkLost()) context.makeCurrent();
   rootView.layoutIfNeeded();
   displayLink.tick(seconds);
   rootView.layoutIfNeeded();
@@ -86,25 +87,31 @@ VELOffscreenHost::VELOffscreenHost(Checked, std::shared_ptr<VELGLContext> contex
 
 VELOffscreenHost::~VELOffscreenHost() {
   if (_framebuffer == 0) return;
-  const VELGLContextScope scope(*_context);
-  if (scope.isCurrent() && !_target.isLost()) _context->gl().deleteFramebuffer(_framebuffer);
+  const VELGLContextScope scope(*_context, _generation);
+  if (scope.isCurrent()) _context->gl().deleteFramebuffer(_framebuffer);
 }
 
 bool VELOffscreenHost::prepareTarget(int32_t width, int32_t height) {
   VELGL& gl = _context->gl();
+  _context->forgetErrors();
+  _generation = _context->generation();
   _target.allocate(width, height);
   _framebuffer = gl.genFramebuffer();
   gl.bindFramebuffer(VELGL_FRAMEBUFFER, _framebuffer);
   _target.attachToFramebuffer();
   const bool isComplete = gl.checkFramebufferStatus(VELGL_FRAMEBUFFER) == VELGL_FRAMEBUFFER_COMPLETE;
   gl.bindFramebuffer(VELGL_FRAMEBUFFER, 0);
-  return isComplete && gl.getError() == VELGL_NO_ERROR;
+  if (isComplete && gl.getError() == VELGL_NO_ERROR) return true;
+  // Nothing half made stays, so that the next picture tries again.
+  gl.deleteFramebuffer(_framebuffer);
+  _framebuffer = 0;
+  _target.release();
+  return false;
 }
 
 // The framebuffer is as old as the storage that it draws into.
 bool VELOffscreenHost::renewTarget() {
-  if (!_target.isLost()) return true;
-  _framebuffer = 0;
+  if (_framebuffer != 0 && !_target.isLost()) return true;
   return prepareTarget(_target.width(), _target.height());
 }
 
@@ -121,6 +128,8 @@ bool VELOffscreenHost::settle(double seconds) {
   const auto context = _context;
   const auto displayLink = _displayLink;
   const auto rootView = _rootView;
+  // Whatever a loss took along waits for a refresh from here on.
+  if (context->makeCurrent()) context->checkLost();
   for (int i = 0; i < kMostTicks && rootView->isTreeDirty(); ++i)
     refresh(*context, *displayLink, *rootView, seconds);
   return !rootView->isTreeDirty();

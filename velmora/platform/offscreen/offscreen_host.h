@@ -63,7 +63,8 @@ class VELMORA_API VELOffscreenHost : public VELHost {
   // In this order: the views go first, then what draws them, the context last.
   std::shared_ptr<VELGLContext> _context;
   VELGLLayer _target;
-  uint32_t _framebuffer = 0;
+  uint32_t _generation = 0;   ///< of the context, when the framebuffer was made
+  uint32_t _framebuffer = 0;  ///< 0 until the target is complete
   VELGLComposer _composer;
   std::shared_ptr<VELDisplayLink> _displayLink;
   std::shared_ptr<VELView> _rootView;

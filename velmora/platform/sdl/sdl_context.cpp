@@ -8,18 +8,36 @@ constexpr const char* kAdvice =
     "install a driver, for example Mesa's software driver with the Debian packages libegl1, libgles2, "
     "libegl-mesa0 and libgl1-mesa-dri";
 
+std::string noGL() {
+  return std::string("There is no OpenGL ES 2.0 for a window on this display (") + SDL_GetError() +
+         "): " + kAdvice + ".";
+}
+
+/// A window for that version of OpenGL ES, whose driver it keeps loaded.
+std::shared_ptr<VELSDLWindow> openWindow(const VELWindowOptions& options, int version, std::string& failure) {
+  VELSDLWindow::requestContext(version);
+  // Apart from the window, which would load it too: a missing driver and a refused window are two faults.
+  if (SDL_GL_LoadLibrary(nullptr) != 0) {
+    failure = noGL();
+    return nullptr;
+  }
+  auto window = VELSDLWindow::create(options, version);
+  if (!window) failure = std::string("The window cannot be opened (") + SDL_GetError() + ").";
+  SDL_GL_UnloadLibrary();
+  return window;
+}
+
 }  // namespace
 
 std::shared_ptr<VELSDLContext> VELSDLContext::open(const VELWindowOptions& options, std::string& failure) {
   if (!VELSDLOpenDisplay(failure)) return nullptr;
   for (const int version : {3, 2}) {
-    auto window = VELSDLWindow::create(options, version);
+    auto window = openWindow(options, version, failure);
     if (!window) continue;
     auto context = std::make_shared<VELSDLContext>(std::move(window));
     if (context->setUp() && context->makeCurrent()) return context;
+    failure = noGL();
   }
-  failure = std::string("There is no OpenGL ES 2.0 for a window on this display (") + SDL_GetError() +
-            "): " + kAdvice + ".";
   return nullptr;
 }
 

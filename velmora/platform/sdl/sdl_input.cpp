@@ -22,6 +22,24 @@ VELTouchPhase phaseOf(uint32_t type) {
 
 }  // namespace
 
+std::optional<uint32_t> VELSDLInput::windowOf(const SDL_Event& event) {
+  switch (event.type) {
+    case SDL_FINGERDOWN:
+    case SDL_FINGERMOTION:
+    case SDL_FINGERUP:
+      return event.tfinger.windowID;
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP:
+      return event.button.windowID;
+    case SDL_MOUSEMOTION:
+      return event.motion.windowID;
+    case SDL_MOUSEWHEEL:
+      return event.wheel.windowID;
+    default:
+      return std::nullopt;
+  }
+}
+
 void VELSDLInput::forgetFingers() {
   _fingers.clear();
   _isMouseDown = false;

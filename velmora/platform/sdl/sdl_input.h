@@ -26,6 +26,8 @@ class VELSDLInput {
     VELSize points;
   };
 
+  /// The window that a finger, the mouse or the wheel is over, 0 for none; nothing for another event.
+  static std::optional<uint32_t> windowOf(const SDL_Event& event);
   /// Nothing for an event that tells of no finger.
   std::optional<VELTouch> touchOf(const SDL_Event& event, const Extent& extent, const VELSDLClock& clock);
   /// Nothing for an event that tells of no wheel.

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <string_view>
 
+#include "velmora/platform/sdl/sdl_signals.h"
+
 namespace {
 
 struct Hint {
@@ -25,18 +27,34 @@ constexpr std::array<Hint, 6> kHints = {{
     {SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"},
 }};
 
+/// Null for an empty name too, which names nothing.
+const char* environment(const char* name) {
+  const char* const value = SDL_getenv(name);
+  return value && *value ? value : nullptr;
+}
+
 /// These show nothing to anybody: only who asks for them by name wants them.
 bool showsNothing(std::string_view driver) {
-  return (driver == "dummy" || driver == "offscreen" || driver == "evdev") && !SDL_getenv("SDL_VIDEODRIVER");
+  return (driver == "dummy" || driver == "offscreen" || driver == "evdev") && !environment("SDL_VIDEODRIVER");
 }
 
+constexpr const char* kWayOut =
+    ": start this in a desktop session, or under xvfb-run of the Debian package xvfb.";
+
+/// What the environment names is what did not work.
 std::string noDisplay(const std::string& reason) {
-  return "There is no display to open a window on (" + reason +
-         "): start this in a desktop session, or under xvfb-run of the Debian package xvfb.";
+  if (const char* const driver = environment("SDL_VIDEODRIVER"))
+    return std::string("There is no display to open a window on by the video driver '") + driver +
+           "' that SDL_VIDEODRIVER names (" + reason + ")" + kWayOut;
+  for (const char* const variable : {"DISPLAY", "WAYLAND_DISPLAY"})
+    if (const char* const display = environment(variable))
+      return std::string("The display '") + display + "' does not answer" + kWayOut;
+  return std::string("There is no display to open a window on (neither DISPLAY nor WAYLAND_DISPLAY is set)") +
+         kWayOut;
 }
 
-/// A window of more than this a side is a mistake, and would overflow the system's whole numbers.
-constexpr double kLargestSide = 32767.0;
+/// Drivers refuse to draw into more pixels a side.
+constexpr double kLargestSide = 16384.0;
 
 int wholeSide(double side) { return static_cast<int>(std::clamp(std::round(side), 1.0, kLargestSide)); }
 
@@ -49,10 +67,10 @@ bool VELSDLOpenDisplay(std::string& failure) {
   for (const Hint& hint : kHints) SDL_SetHint(hint.name, hint.value);
   // Without the directory of its sockets there is no Wayland, and its library says so on stderr.
   if (!SDL_getenv("XDG_RUNTIME_DIR")) SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11,KMSDRM");
+  const VELSDLSignalKeeper applicationsSignals;
   const bool wasOpen = SDL_WasInit(SDL_INIT_VIDEO) != 0;
   if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
-    const bool isNamed = SDL_getenv("DISPLAY") || SDL_getenv("WAYLAND_DISPLAY");
-    failure = noDisplay(isNamed ? SDL_GetError() : "neither DISPLAY nor WAYLAND_DISPLAY is set");
+    failure = noDisplay(SDL_GetError());
     return false;
   }
   const char* const driver = SDL_GetCurrentVideoDriver();
@@ -69,8 +87,6 @@ bool VELSDLOpenDisplay(std::string& failure) {
 
 std::shared_ptr<VELSDLWindow> VELSDLWindow::create(const VELWindowOptions& options, int version) {
   auto window = std::make_shared<VELSDLWindow>(version);
-  // The pixels of a window are chosen with it, for the context to come.
-  window->requestContext();
   uint32_t flags = SDL_WINDOW_OPENGL | SDL_WINDOW_SHOWN;
   if (options.resizable) flags |= SDL_WINDOW_RESIZABLE;
   if (options.highDensity) flags |= SDL_WINDOW_ALLOW_HIGHDPI;
@@ -90,10 +106,10 @@ VELSDLWindow::~VELSDLWindow() {
   if (_window) SDL_DestroyWindow(_window);
 }
 
-void VELSDLWindow::requestContext() const {
+void VELSDLWindow::requestContext(int version) {
   SDL_GL_ResetAttributes();
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_ES);
-  SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, _version);
+  SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, version);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 0);
   for (const SDL_GLattr channel : {SDL_GL_RED_SIZE, SDL_GL_GREEN_SIZE, SDL_GL_BLUE_SIZE})
     SDL_GL_SetAttribute(channel, 8);

@@ -21,7 +21,7 @@ bool VELSDLOpenDisplay(std::string& failure);
 /// One window, closed with its owner.
 class VELSDLWindow {
  public:
-  /// @param version of OpenGL ES that its pixels must serve
+  /// @param version of OpenGL ES that its pixels must serve, asked for by `requestContext` before
   /// @return null when the system refuses; then `SDL_GetError` tells why
   static std::shared_ptr<VELSDLWindow> create(const VELWindowOptions& options, int version);
   explicit VELSDLWindow(int version) : _version(version) {}
@@ -32,7 +32,8 @@ class VELSDLWindow {
   SDL_Window* handle() const { return _window; }
   uint32_t id() const { return SDL_GetWindowID(_window); }
   /// Tells the system which kind of GL context comes next; its memory for that is one for the process.
-  void requestContext() const;
+  static void requestContext(int version);
+  void requestContext() const { requestContext(_version); }
 
   VELSize size() const;    ///< window units
   VELSize pixels() const;  ///< whole numbers

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "velmora/platform/density.h"
+#include "velmora/platform/sdl/sdl_events.h"
 #include "velmora/platform/tree_fingerprint.h"
 
 namespace {
@@ -35,15 +36,6 @@ std::shared_ptr<VELWindowHost> refused(std::string reason, std::string* failure)
   return nullptr;
 }
 
-/// The next event, waiting for it; whole milliseconds, rounded up so that what is awaited is due afterwards.
-bool nextEvent(SDL_Event& event, double mostSeconds) {
-  constexpr double kMostMilliseconds = 1e9;
-  if (!(mostSeconds > 0.0)) return SDL_PollEvent(&event) != 0;
-  const double milliseconds = std::ceil(mostSeconds * 1000.0);
-  if (milliseconds > kMostMilliseconds) return SDL_WaitEvent(&event) != 0;
-  return SDL_WaitEventTimeout(&event, static_cast<int>(milliseconds)) != 0;
-}
-
 /// Set for the length of a turn, also one that an exception of the application ends.
 class TurnMark {
  public:
@@ -70,7 +62,7 @@ std::shared_ptr<VELWindowHost> VELWindowHost::create(const VELWindowOptions& opt
   std::string reason;
   auto context = VELSDLContext::open(options, reason);
   if (!context) return refused(std::move(reason), failure);
-  auto host = std::make_shared<VELSDLWindowHost>(std::move(context), options.contentScale);
+  auto host = std::make_shared<VELSDLWindowHost>(std::move(context), options);
   theHost() = host;
   host->start();
   return host;
@@ -81,8 +73,12 @@ bool VELWindowHost::hasDisplay() {
   return !theHost().expired() || VELSDLOpenDisplay(reason);
 }
 
-VELSDLWindowHost::VELSDLWindowHost(std::shared_ptr<VELSDLContext> context, double contentScale)
-    : _context(std::move(context)), _glContext(_context), _composer(_glContext), _forcedScale(contentScale) {}
+VELSDLWindowHost::VELSDLWindowHost(std::shared_ptr<VELSDLContext> context, const VELWindowOptions& options)
+    : _context(std::move(context)),
+      _glContext(_context),
+      _composer(_glContext),
+      _forcedScale(options.contentScale),
+      _backgroundColor(options.background) {}
 
 VELSDLWindowHost::~VELSDLWindowHost() {
   // Charts that live on hold the GL context, and that its window: nobody is to see it any more.
@@ -90,6 +86,7 @@ VELSDLWindowHost::~VELSDLWindowHost() {
 }
 
 void VELSDLWindowHost::start() {
+  _signals.start();
   followWindow();
   if (!_context->makeCurrent()) return;
   // Whatever takes long before the first frame, the window shows no garbage meanwhile, and no wait for the
@@ -119,9 +116,9 @@ bool VELSDLWindowHost::step(double mostSeconds) {
 
 void VELSDLWindowHost::turn(double mostSeconds) {
   SDL_Event event;
-  if (nextEvent(event, waitingTime(mostSeconds))) {
+  if (VELSDLNextEvent(event, waitingTime(mostSeconds))) {
     do handle(event);
-    while (_isOpen && SDL_PollEvent(&event) != 0);
+    while (_isOpen && VELSDLNextEvent(event, 0.0));
   }
   if (!_isOpen) return;
   followWindow();
@@ -146,6 +143,10 @@ void VELSDLWindowHost::handle(const SDL_Event& event) {
     if (event.window.windowID == window().id()) handleWindow(event.window);
     return;
   }
+  const auto windowId = VELSDLInput::windowOf(event);
+  if (!windowId || (*windowId != 0 && *windowId != window().id())) return;
+  // Places are told in the size that the window has by now: the views below them must have it too.
+  followWindow();
   if (const auto touch = _input.touchOf(event, extent(), _clock))
     _router.touch(*touch);
   else if (const auto wheel = _input.wheelOf(event, extent(), _clock))
@@ -179,6 +180,7 @@ void VELSDLWindowHost::handleWindow(const SDL_WindowEvent& event) {
 void VELSDLWindowHost::close() {
   if (!_isOpen) return;
   _isOpen = false;
+  _signals.stop();
   window().hide();
   cancelFingers();
 }
@@ -230,6 +232,7 @@ void VELSDLWindowHost::setBackgroundColor(const VELColor& color) {
 
 void VELSDLWindowHost::setContentScale(double pixelsPerPoint) {
   if (!isUsable(pixelsPerPoint)) return;
+  const auto self = shared_from_this();
   _forcedScale = pixelsPerPoint;
   followWindow();
 }
@@ -250,6 +253,12 @@ void VELSDLWindowHost::setTimerInterval(uint64_t key, double intervalSeconds) {
   _timers.setInterval(key, intervalSeconds, seconds());
 }
 
+void VELSDLWindowHost::removeTimer(uint64_t key) {
+  // What the callback holds ends with it, and may hold the host.
+  const auto self = shared_from_this();
+  _timers.remove(key);
+}
+
 // Frames.
 
 bool VELSDLWindowHost::canShow() const {
@@ -268,9 +277,16 @@ void VELSDLWindowHost::beat() {
   if (!_context->makeCurrent() || (_context->checkLost() && !_context->makeCurrent())) return;
 
   bool isChanged = _isUncovered || _rootView->isTreeDirty();
+  const uint32_t generation = _context->generation();
   _rootView->layoutIfNeeded();
   _displayLink->tick(now);
   _rootView->layoutIfNeeded();
+  // Lost in the middle of the beat: some charts have drawn before, some after. The window keeps its picture
+  // until the next beat, in which all of them draw.
+  if (_context->hasLost(generation)) {
+    _isUncovered = true;
+    return;
+  }
   const uint64_t fingerprint = VELTreeFingerprint::of(*_rootView);
   isChanged = isChanged || fingerprint != _shownFingerprint || _context->generation() != _shownGeneration;
   if (!isChanged || !_context->makeCurrent()) return;

@@ -14,6 +14,7 @@
 #include "velmora/platform/sdl/sdl_clock.h"
 #include "velmora/platform/sdl/sdl_context.h"
 #include "velmora/platform/sdl/sdl_input.h"
+#include "velmora/platform/sdl/sdl_signals.h"
 #include "velmora/platform/sdl/window_host.h"
 #include "velmora/platform/timer_list.h"
 #include "velmora/platform/touch_router.h"
@@ -21,9 +22,9 @@
 /// One turn: wait, hand on events, follow the window, fire timers, draw a frame when one is wanted and due.
 class VELSDLWindowHost final : public VELWindowHost, public std::enable_shared_from_this<VELSDLWindowHost> {
  public:
-  explicit VELSDLWindowHost(std::shared_ptr<VELSDLContext> context, double contentScale);
+  VELSDLWindowHost(std::shared_ptr<VELSDLContext> context, const VELWindowOptions& options);
   ~VELSDLWindowHost() override;
-  /// Shows the background and follows the window for the first time.
+  /// Takes the signals of the process, shows the background and follows the window for the first time.
   void start();
 
   const std::shared_ptr<VELGLContext>& glContext() const override { return _glContext; }
@@ -38,7 +39,7 @@ class VELSDLWindowHost final : public VELWindowHost, public std::enable_shared_f
   bool wasInterrupted() const override { return _wasInterrupted; }
 
   uint64_t addTimer(double intervalSeconds, std::function<void(double seconds)> callback) override;
-  void removeTimer(uint64_t key) override { _timers.remove(key); }
+  void removeTimer(uint64_t key) override;
   void setTimerInterval(uint64_t key, double intervalSeconds) override;
   double seconds() const override { return _clock.seconds(); }
 
@@ -80,6 +81,7 @@ class VELSDLWindowHost final : public VELWindowHost, public std::enable_shared_f
   std::shared_ptr<VELView> _rootView = std::make_shared<VELView>();
   VELTouchRouter _router{_rootView};
   VELSDLInput _input;
+  VELSDLSignalWatch _signals;
   VELSDLClock _clock;
   VELTimerList _timers;
   VELFramePacer _pacer;

@@ -18,10 +18,11 @@
 /// How a window begins.
 struct VELWindowOptions {
   std::string title = "Velmora";
-  VELSize size{1280.0, 720.0};  ///< points
+  VELSize size{1280.0, 720.0};  ///< points; a side has at most 16384 pixels
   bool resizable = true;
   bool highDensity = true;    ///< false lets the system stretch one pixel per point
   double contentScale = 0.0;  ///< pixels per point; 0 takes what the system says of the display
+  VELColor background{};      ///< from the first picture on; opaque black, its alpha is not used
 };
 
 /// A host whose screen is a window, with its loop, its clock and its fingers.
@@ -77,7 +78,7 @@ class VELMORA_API VELWindowHost : public VELHost {
   virtual double seconds() const = 0;
 
   virtual void setTitle(const std::string& title) = 0;
-  /// What shows where no view draws; opaque black at first.
+  /// What shows where no view draws; that of the options at first.
   virtual void setBackgroundColor(const VELColor& color) = 0;
   /// Sets the pixels per point; 0 takes what the system says again. What is not finite or negative is
   /// ignored.
