@@ -14,7 +14,10 @@ int main() {
     return 2;
   }
   const auto chart = VELChartSurfaceView::initWithFrame(host->rootView()->bounds(), *host);
-  if (!chart) return 2;
+  if (!chart) {
+    std::cerr << "velmora-live: The window has no OpenGL ES 2.0 to draw a chart with.\n";
+    return 2;
+  }
   host->rootView()->addSubview(chart);
   host->setSizeChanged([&](const VELSize& size) { chart->setFrame({0.0, 0.0, size.width, size.height}); });
 

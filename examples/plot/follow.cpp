@@ -51,6 +51,7 @@ void readToEnd(FollowFeed& feed) {
 
 void followToPicture(const PlotOptions& options) {
   FollowFeed feed(options);
+  assertCanMakePicture(options);
   readToEnd(feed);
   feed.stop();
   feed.tell();

@@ -10,9 +10,10 @@ namespace {
 
 }  // namespace
 
-bool canOpenWindow() { return false; }
-
-std::string whyNoWindow() { return "This program was built without windows"; }
+bool canOpenWindow(std::string& why) {
+  why = "This program was built without windows.";
+  return false;
+}
 
 void showPlot(const PlotColumns&, const PlotOptions&) { refuse(); }
 

@@ -23,7 +23,7 @@ double memoryBytes() {
 
 double parseScale(const std::string& text) {
   const auto scale = parseNumber(text);
-  if (!scale || *scale <= 0.0)
+  if (!scale || *scale < double{std::numeric_limits<float>::min()})
     throw PlotFailure("The scale '" + text +
                       "' is not a positive number; give pixels per point, as in --scale 2.");
   return *scale;

@@ -21,8 +21,9 @@ void tell(const std::string& sentence) {
 // Where the chart goes; tells when that is not where one would look for it.
 bool goesToWindow(const PlotOptions& options) {
   if (options.isOutGiven) return false;
-  if (canOpenWindow()) return true;
-  tell(whyNoWindow() + "; the chart goes to '" + options.out.string() + "'.");
+  std::string why;
+  if (canOpenWindow(why)) return true;
+  tell(why + " The chart goes to '" + options.out.string() + "'.");
   return false;
 }
 

@@ -15,6 +15,15 @@ std::string_view completeLines(std::string_view text) {
   return end == std::string_view::npos ? text : text.substr(0, end + 1);
 }
 
+/// What the columns are chosen by, however much came at once: the header and the first rows.
+std::string_view firstOf(std::string_view text) {
+  const char lineEnd = text.find('\n') == std::string_view::npos ? '\r' : '\n';
+  size_t end = 0;
+  for (size_t row = 0; row <= PlotFollower::firstRows && end < text.size(); ++row)
+    end = std::min(text.find(lineEnd, end), text.size() - 1) + 1;
+  return text.substr(0, end);
+}
+
 constexpr char kBlanks[] = " \t\r\n";
 
 bool isBlank(std::string_view text) {
@@ -95,7 +104,7 @@ void PlotFollower::tryToChoose(double seconds, bool isAtEnd) {
   const std::string_view lines = isAtEnd ? std::string_view(_first) : completeLines(_first);
   // Blank lines alone are no header yet.
   if (!isAtEnd && isBlank(lines)) return;
-  const CsvTable table = parseCsv(lines, name);
+  const CsvTable table = parseCsv(firstOf(lines), name);
   assertColumnsExist(table, _options);
   _namesAreKnown = true;
   if (!isTime) return;
@@ -127,7 +136,12 @@ void PlotFollower::take(std::string_view bytes) {
 void PlotFollower::takeRow(std::span<const std::string_view> row) {
   const FirstRow first = std::exchange(_firstRow, FirstRow::Taken);
   if (first == FirstRow::Header) return;
-  if (first == FirstRow::HeaderOrData && !_points->hasNumbers(row) && _points->takeHeader(row)) return;
+  if (first == FirstRow::HeaderOrData && !_points->hasNumbers(row)) {
+    if (_points->takeHeader(row)) return;
+    if (_points->isOtherHeader(row))
+      throw PlotFailure("'" + sourceName(_options) +
+                        "' began again with other columns: its header names none of the lines on screen.");
+  }
   if (!_points->read(row)) return;
   append();
   ++_rowCount;

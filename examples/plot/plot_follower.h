@@ -24,7 +24,7 @@
 /// stay. Once the columns are chosen a row allocates nothing, and memory does not grow.
 class PlotFollower {
  public:
-  /// Columns are chosen as soon as so many rows are there, or what came within a second of the first.
+  /// Columns are chosen by so many rows, or by what came within a second of the first.
   static constexpr size_t firstRows = 100;
   /// The same for bytes, where lines are long.
   static constexpr size_t firstBytes = 262144;
@@ -44,7 +44,7 @@ class PlotFollower {
   /// @throws PlotFailure as above
   void finish(double seconds);
   /// The text begins again: lines are empty. A header may follow, with its columns in another order, or rows
-  /// as before.
+  /// as before. A header without any of the lines makes the call that brings it throw a PlotFailure.
   void startOver();
 
   /// Null until the columns are chosen. The values in it are those of the first rows.

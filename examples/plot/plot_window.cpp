@@ -135,9 +135,7 @@ class FollowedWindow {
 
 }  // namespace
 
-bool canOpenWindow() { return VELWindowHost::hasDisplay(); }
-
-std::string whyNoWindow() { return "There is no display to open a window on"; }
+bool canOpenWindow(std::string& why) { return VELWindowHost::hasDisplay(&why); }
 
 void showPlot(const PlotColumns& columns, const PlotOptions& options) {
   const auto host = openWindow(options);

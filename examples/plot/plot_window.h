@@ -6,10 +6,8 @@
 #include "examples/plot/options.h"
 #include "examples/plot/plot_columns.h"
 
-/// True when the machine has a display to open a window on.
-bool canOpenWindow();
-/// What is missing when there can be none, as the beginning of a sentence.
-std::string whyNoWindow();
+/// True when the machine has a display to open a window on. @param why else the reason in one sentence
+bool canOpenWindow(std::string& why);
 
 /// Shows a chart until its window is closed or the process is interrupted.
 /// @throws PlotFailure when there is no window, font or GL

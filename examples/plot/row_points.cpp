@@ -61,6 +61,16 @@ bool RowPoints::hasNumbers(std::span<const std::string_view> row) const {
   });
 }
 
+bool RowPoints::isOtherHeader(std::span<const std::string_view> row) {
+  const auto isNumber = [](std::string_view cell) { return parseNumber(cell).has_value(); };
+  const auto isText = [](std::string_view cell) {
+    return cell.find_first_not_of(" \t") != std::string_view::npos;
+  };
+  if (std::any_of(row.begin(), row.end(), isNumber) || std::none_of(row.begin(), row.end(), isText))
+    return false;
+  return !_xColumn || std::isnan(readX(row));
+}
+
 double RowPoints::readX(std::span<const std::string_view> row) {
   if (!_xColumn) return static_cast<double>(_row);
   const std::string_view text = cell(row, *_xColumn);

@@ -33,6 +33,8 @@ class RowPoints {
   void startOver();
   /// True when a row has a number for one of the lines, as no header has.
   bool hasNumbers(std::span<const std::string_view> row) const;
+  /// True when a row has texts alone and no place along the X axis: it names the columns of something else.
+  bool isOtherHeader(std::span<const std::string_view> row);
 
   /// Reads a row. @return false when it has no place along the X axis
   bool read(std::span<const std::string_view> row);

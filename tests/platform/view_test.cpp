@@ -15,7 +15,7 @@ namespace {
 class ScriptedView : public VELView {
  public:
   using VELView::VELView;
-  std::function<void(ScriptedView&)> onLayout;
+  std::function<void(ScriptedView&)> onLayout, onCompose;
   int layouts = 0;
   std::string name;
 
@@ -25,6 +25,7 @@ class ScriptedView : public VELView {
   }
   void compose(VELComposer& composer, const VELRect& frameInRoot) override {
     composer.composeText({{name, {}, 0.0}}, 0, {}, {}, frameInRoot);
+    if (onCompose) onCompose(*this);
   }
 };
 
@@ -118,4 +119,11 @@ TEST(View, ATreeShowsFromTheBackToTheFrontInRootCoordinatesWithoutHiddenBranches
   EXPECT_EQ(composer.names, "tabc");
   EXPECT_EQ(composer.frames.at(2), (VELRect{14, 26, 5, 6}));
   EXPECT_EQ(b->frameInRoot(), composer.frames.at(2));
+  b->onCompose = [](ScriptedView& self) {
+    for (int i = 0; i < 20; ++i) self.superview()->addSubview(makeView("n"));
+    self.removeFromSuperview();
+  };
+  composer.names.clear();
+  composer.composeTree(*top);
+  EXPECT_EQ(composer.names, "tab" + std::string(19, 'n') + "c") << "one moved to the place that became free";
 }

@@ -127,6 +127,7 @@ TEST(WindowHostRefusals, WhatIsMissingIsNamedInOneSentence) {
       {{.size = {0.0, 10.0}}, "without a size"},
       {{.size = {10.0, std::numeric_limits<double>::infinity()}}, "without a size"},
       {{.contentScale = -1.0}, "density"},
+      {{.contentScale = 1e-300}, "density"},
   };
   for (const auto& [options, named] : rows) {
     std::string failure;
@@ -423,6 +424,14 @@ TEST_F(WindowHost, AClosedWindowAndASignalEndTheLoopAndViewsLiveOn) {
     EXPECT_TRUE(_host->wasInterrupted());
     EXPECT_FALSE(_host->isOpen());
     EXPECT_EQ(handlerOf(signal), SIG_DFL) << "the second one ends the process";
+    _host.reset();
+
+    open({});
+    std::raise(signal);
+    EXPECT_EQ(handlerOf(signal), SIG_DFL) << "also while the loop does not turn";
+    _host.reset();
+    open({});
+    EXPECT_TRUE(_host->step(0.0) && !_host->wasInterrupted()) << "the next window is not its business";
     _host.reset();
   }
   std::signal(SIGTERM, SIG_IGN);

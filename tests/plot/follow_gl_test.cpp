@@ -36,7 +36,11 @@ class Follow : public ::testing::Test {
 
   int run(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"velmora-plot", "--follow"});
-    arguments.insert(arguments.end(), {"--out", picture().string(), "--size", "400x300"});
+    const std::pair<const char*, std::string> usual[] = {{"--out", picture().string()},
+                                                         {"--size", "400x300"}};
+    for (const auto& [option, value] : usual)
+      if (std::ranges::find(arguments, option) == arguments.end())
+        arguments.insert(arguments.end(), {option, value});
     std::vector<const char*> argv;
     argv.reserve(arguments.size());
     for (const std::string& argument : arguments) argv.push_back(argument.c_str());
@@ -113,6 +117,10 @@ TEST_F(Follow, WhatCannotBeFollowedEndsWithOneSentence) {
       {{step, "--y", "b"}, "has no column 'b'"},
       {{(_folder / "missing.csv").string()}, "missing.csv' cannot be read"},
       {{_folder.string()}, "is a directory"},
+      {{step, "--out", _folder.string()}, "Is a directory"},
+      {{step, "--out", "no/such/folder.png"}, "No such file"},
+      {{step, "--out", step}, "would overwrite the data"},
+      {{step, "--size", "1000000x100"}, "1000000"},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(run(row.arguments), 2);

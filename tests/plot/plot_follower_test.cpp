@@ -134,6 +134,12 @@ TEST(PlotFollower, ATextThatStartsOverMayBringAHeaderOrGoOnWithRows) {
   followed.follower.startOver();
   followed.follower.feed("b,a,t\n0,80,8\n", 0.0);
   EXPECT_EQ(followed.points(), (Points{{8, 80}}));
+  for (const char* row : {"1,\n", " , \n", "b,t,a\n"}) {
+    followed.follower.startOver();
+    EXPECT_NO_THROW(followed.follower.feed(row, 0.0)) << row;
+  }
+  followed.follower.startOver();
+  EXPECT_THROW(followed.follower.feed("u,v,w\n", 0.0), PlotFailure) << "other lines under the old names";
 }
 
 TEST(PlotFollower, ChoosesWhenRowsOrASecondArePast) {
@@ -152,6 +158,11 @@ TEST(PlotFollower, ChoosesWhenRowsOrASecondArePast) {
   for (size_t i = 0; i < PlotFollower::firstRows; ++i) rows += "1,1\n";
   fast.feed(rows, 0.0);
   EXPECT_NE(fast.columns(), nullptr);
+
+  for (int i = 0; i < 500; ++i) rows += "1,none\n";
+  PlotFollower atOnce(optionsFor());
+  atOnce.feed(rows, 0.0);
+  EXPECT_NE(atOnce.columns(), nullptr) << "chosen by the same rows as before";
 
   // Gaps at first are no reason to give up, a wrong name is one at once.
   PlotFollower gaps(optionsFor());

@@ -111,7 +111,11 @@ TEST_F(Queue, TheReplayCallsGLInThisOrder) {
             "vertexAttribPointer(1,4,BYTE,1,16,8) vertexAttribPointer(2,2,SHORT,1,16,12) "
             "enableVertexAttribArray(0) enableVertexAttribArray(1) enableVertexAttribArray(2) "
             "useProgram(1) uniformMatrix4fv(7) activeTexture(TEXTURE0) bindTexture(2D,1) "
-            "uniform1i(8,0) drawElements(STRIP,4,SHORT,0)");
+            "uniform1i(8,0) drawElements(STRIP,4,SHORT,0) "
+            "disableVertexAttribArray(0) disableVertexAttribArray(1) disableVertexAttribArray(2)");
+  EXPECT_EQ(strips().size(), 1u);
+  EXPECT_EQ(gl.gl().count("enableVertexAttribArray"), 3u)
+      << "what the application did in between is not known";
 }
 
 TEST_F(Queue, AnAreaMovesTheOriginAndUploadsItsMatrixOnlyToAnActiveProgram) {
@@ -185,29 +189,20 @@ TEST_F(Queue, ACallbackMayReplaceItselfWhileItRuns) {
   EXPECT_EQ(calls, "xy");
 }
 
-// Draws and clears while its context replays, which would take the commands away from under the replay.
-struct MeddlingBrush final : VELLinearGradient<VELBrush2D> {
-  explicit MeddlingBrush(VELRenderContext2D& drawn)
-      : VELLinearGradient(std::vector<uint32_t>(256), VELGradientDirection_Vertical), context(drawn) {}
-  VELRenderContext2D& context;
-  VELBrushPtr clone() const override { return std::make_shared<MeddlingBrush>(context); }
-  void apply(VELShaderAttributes&) const override {
-    const auto column = doubles(std::vector<double>{1, 2, 3});
-    const VELPenPtr pen = VELPen2D::solid(2, 1);
+TEST_F(Queue, AReplayedFrameStaysAsItIsWhateverItsBrushesDo) {
+  const auto column = doubles(std::vector<double>{1, 2, 3});
+  const auto meddle = [&] {
     for (int i = 0; i < 100; ++i) {
       context.setDrawingArea({0, 0, 1.0 + i, 1});
-      context.drawLineWithBrush(pen, 0, 0, 1, 1);
+      line(pen);
       context.drawPolylineWithBrush(pen, *column, *column, 0);
       context.beginPolylineWithBrush(pen, 0, 0);
     }
     context.clear();
     context.performDrawingCommands();
-  }
-};
-
-TEST_F(Queue, AReplayedFrameStaysAsItIsWhateverItsBrushesDo) {
+  };
   line(pen);
-  context.drawRectWithBrush(std::make_shared<MeddlingBrush>(context), 0, 0, 1, 1);
+  context.drawRectWithBrush(std::make_shared<CallingBrush>(meddle), 0, 0, 1, 1);
   const size_t recorded = context.drawingOrder().drawingOrder().size();
   for (int i = 0; i < 2; ++i) {
     EXPECT_EQ(strips().size(), 2u);

@@ -84,6 +84,35 @@ TEST_F(GLSurface, ADrawingAreaMovesTheOriginAndClipsToItsPixels) {
   }
 }
 
+TEST_F(GLSurface, NeighbouringAreasShareEveryPixelOutBetweenThemOnAndOffTheGrid) {
+  const struct {
+    double scale, height, border;
+    int32_t first;  // row of the lower area; of the upper one, everything above
+  } rows[] = {{1.0, 30.0, 10.0, 10}, {1.5, 31.0, 21.0, 32}, {1.0, 30.5, 20.4, 21},
+              {1.5, 31.0, 21.4, 33}, {2.0, 30.0, 0.25, 1},  {1.0, 30.0, 30.0, 30}};
+  for (const auto& row : rows) {
+    create(40, row.height, row.scale);
+    const auto context = surface->renderContext();
+    const double far = row.first % 2 ? 1e12 : 40.0;  // what is beyond the surface is cut off
+    context->setDrawingArea({0, 0, far, row.border});
+    rect(VELBrush2D::solid(redCode), -9, -9, 99, 99);
+    context->setDrawingArea({0, row.border, far, row.height - row.border});
+    rect(VELBrush2D::solid(greenCode), -9, -99, 99, 99);
+    context->setDrawingArea({row.border, 0, far, far});
+    rect(VELBrush2D::solid(0xFFFF0000u), -9, -9, 99, 99);
+    frame();
+    const auto left = static_cast<int32_t>(row.border * row.scale);
+    for (int32_t y = 0; y < surface->layer().height(); ++y)
+      for (const int32_t x : {0, left - 1, left, surface->layer().width() - 1}) {
+        if (x < 0) continue;
+        ASSERT_EQ(at(x, y), x >= left       ? blue
+                            : y < row.first ? red
+                                            : green)
+            << row.border << ": " << x << ',' << y;
+      }
+  }
+}
+
 TEST_F(GLSurface, ContextsAreShownBackgroundFirstModifierLastAndBlendOverAnOpaquePicture) {
   surface->setBackgroundColor({0.0, 0.0, 1.0});
   const struct {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <numeric>
 #include <span>
@@ -72,6 +73,15 @@ inline std::vector<DrawnStrip> replay(VELOpenGLRenderContext& context, Recording
   context.performDrawingCommands();
   return drawnStrips(gl);
 }
+
+/// Does as told while its context replays.
+struct CallingBrush final : VELLinearGradient<VELBrush2D> {
+  explicit CallingBrush(std::function<void()> told)
+      : VELLinearGradient(std::vector<uint32_t>(256), VELGradientDirection_Vertical), call(std::move(told)) {}
+  std::function<void()> call;
+  VELBrushPtr clone() const override { return std::make_shared<CallingBrush>(call); }
+  void apply(VELShaderAttributes&) const override { call(); }
+};
 
 using Places = std::vector<std::pair<float, float>>;
 inline Places placesOf(const DrawnStrip& strip) {

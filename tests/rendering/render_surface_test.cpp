@@ -212,6 +212,36 @@ TEST_F(Surface, ASurfaceMayEndInItsOwnDelegateAndItsOwnCallback) {
   }
 }
 
+TEST_F(Surface, ABrushMayRecordForAnotherContextOrEndTheSurfaceWhileTheFrameIsDrawn) {
+  surface->setDrawingBufferSize(16);
+  tick();
+  const auto calling = [&](std::function<void()> call) {
+    const auto brush = std::make_shared<CallingBrush>(std::move(call));
+    surface->renderContext()->clear();
+    surface->renderContext()->drawRectWithBrush(brush, 0, 0, 1, 1);
+    surface->renderContext()->drawRectWithBrush(pen, 0, 0, 1, 1);
+    surface->invalidateElement();
+    tick();
+  };
+  calling([&] {
+    for (int i = 0; i < 8; ++i) drawLine(*surface->modifierContext());
+  });
+  EXPECT_EQ(rendered, "1");
+  const auto drawn = drawnStrips(gl);
+  ASSERT_EQ(drawn.size(), 4u) << "one of the rectangles, three of the lines";
+  EXPECT_EQ(drawn[0].target, "7@0") << "its buffers stay bound";
+  EXPECT_EQ(drawn[0].vertices.size(), 10u);
+  const auto other = VELOpenGLRenderSurface::initWithFrame({0, 0, 10, 10}, host);
+  for (const bool isLast : {false, true}) {
+    if (isLast) other->free();
+    if (isLast) surface = VELOpenGLRenderSurface::initWithFrame({0, 0, 200, 300}, host);
+    surface->setRenderedCallback([this](int32_t reason) { rendered += std::to_string(reason); });
+    calling([&] { surface->free(); });
+    EXPECT_EQ(rendered, "");
+    EXPECT_FALSE(surface->layer().isPresented() && isLast);
+  }
+}
+
 #ifndef NDEBUG
 TEST_F(Surface, ADebugBuildNamesTheErrorThatAReplayLeftAndNoOther) {
   expectGLErrorsInThisTest();

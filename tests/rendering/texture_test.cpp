@@ -127,6 +127,13 @@ TEST(Texture, LivesInItsOwnContextIsCopiedToOthersAndSurvivesALoss) {
     EXPECT_EQ(own.gl().last("texImage2D").bytes.front(), std::byte{9});
     EXPECT_EQ(own.gl().count("texSubImage2D"), 0u);
     EXPECT_TRUE(texture.isValid());
+    other.context->makeCurrent();
+    own.context->losesUnseen = true;
+    EXPECT_FALSE(texture.isValid());
+    own.context->makeCurrent();
+    texture.bind(0);
+    other.context->makeCurrent();
+    own.context->losesUnseen = true;
     other.context->setLost();
   }
   EXPECT_EQ(own.gl().liveObjects(), 0u);

@@ -204,12 +204,16 @@ class RecordingGL final : public VELGL {
 
 class RecordingGLContext final : public VELGLContext {
  public:
-  bool refuses = false;  ///< to be made current, and to be replaced
-  bool resets = false;   ///< once, when it is asked next
+  bool refuses = false;      ///< to be made current, and to be replaced
+  bool resets = false;       ///< once, when it is asked next
+  bool losesUnseen = false;  ///< once, which is learnt where it is made current
   RecordingGL& gl() override { return _gl; }
 
  protected:
-  bool doMakeCurrent() override { return !refuses; }
+  bool doMakeCurrent() override {
+    if (std::exchange(losesUnseen, false)) setLost();
+    return !refuses && !isLost();
+  }
   bool doCheckLost() override { return std::exchange(resets, false); }
   bool doReplace() override {
     if (!refuses) _gl.loseEverything();

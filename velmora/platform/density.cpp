@@ -1,6 +1,12 @@
 #include "velmora/platform/density.h"
 
 #include <cmath>
+#include <limits>
+
+bool VELIsDensity(double pixelsPerPoint) {
+  using Limits = std::numeric_limits<float>;
+  return pixelsPerPoint >= double{Limits::min()} && pixelsPerPoint <= double{Limits::max()};
+}
 
 double VELDensityOf(const VELSize& points, const VELSize& pixels, double previous) {
   if (!(points.width > 0.0 && points.height > 0.0 && pixels.width > 0.0 && pixels.height > 0.0))

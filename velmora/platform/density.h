@@ -4,6 +4,9 @@
 #include "velmora/platform/export.h"
 #include "velmora/platform/geometry.h"
 
+/// True for pixels per point that can be drawn with: above 0, and a number that a float holds as well.
+VELMORA_API bool VELIsDensity(double pixelsPerPoint);
+
 /// Pixels per point of a window of @p points points that has @p pixels pixels, both whole numbers.
 ///
 /// Both were rounded, so their quotient changes a little with every size of one and the same window. The

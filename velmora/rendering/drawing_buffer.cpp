@@ -12,7 +12,8 @@ constexpr int32_t stride = sizeof(VELVertex);
 
 }  // namespace
 
-VELDrawingBuffer::VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLContext>& context) {
+VELDrawingBuffer::VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLContext>& context,
+                                   bool makesStores) {
   _info.dbi_bufferSize = std::clamp(size, minimumSize, maximumSize);
   const auto count = static_cast<size_t>(_info.dbi_bufferSize);
   _vertices = std::make_unique<VELVertex[]>(count);
@@ -22,6 +23,7 @@ VELDrawingBuffer::VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLCont
 
   if (!context) return;
   _context = context;
+  if (!makesStores) return;
   const VELGLContextScope scope(*context);
   if (scope.isCurrent()) p_VEL_createStores(*context);
 }

@@ -45,7 +45,9 @@ class VELDrawingBuffer {
 
   /// @param size vertices, and as many indices; limited to `minimumSize` … `maximumSize`
   /// @param context where the copy lives, held weakly; null keeps the buffer in memory only
-  explicit VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLContext>& context = nullptr);
+  /// @param makesStores at once, where the context can be made current; else when the buffer is selected
+  explicit VELDrawingBuffer(int32_t size, const std::shared_ptr<VELGLContext>& context = nullptr,
+                            bool makesStores = true);
   VELDrawingBuffer(const VELDrawingBuffer&) = delete;
   VELDrawingBuffer& operator=(const VELDrawingBuffer&) = delete;
   ~VELDrawingBuffer();

@@ -144,6 +144,11 @@ VELGLState* VELOpenGLContextController::o_currentState() {
   return controller ? &controller->_state : nullptr;
 }
 
+bool VELOpenGLContextController::isInFrame() {
+  const VELGLState* const state = o_currentState();
+  return state && state->isDrawing();
+}
+
 bool VELOpenGLContextController::o_buffersEnabled() {
   const VELGLState* const state = o_currentState();
   return state && state->attributeArraysEnabled();

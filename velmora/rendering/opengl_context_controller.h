@@ -40,6 +40,9 @@ class VELMORA_API VELOpenGLContextController {
   /// Known state of the current context; null as above.
   static VELGLState* o_currentState();
 
+  /// True between the start of a surface's frame and its end, in the current context.
+  static bool isInFrame();
+
   static bool o_buffersEnabled();
   static void o_enableContextBuffers();
   static void o_disableContextBuffers();

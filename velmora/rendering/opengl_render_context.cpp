@@ -1,6 +1,7 @@
 #include "velmora/rendering/opengl_render_context.h"
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 
 #include "velmora/data/array_controller.h"
@@ -14,6 +15,14 @@ namespace {
 std::shared_ptr<VELGLContext> currentContext() {
   VELGLContext* const context = VELGLContext::current();
   return context ? context->weak_from_this().lock() : nullptr;
+}
+
+/// The whole pixel at which clipping begins or ends. Edges are cut, not extents: neighbouring areas then
+/// share every pixel out between them, also where their border is off the grid.
+double clipEdge(double pixels) {
+  // Far beyond any surface, so that GL can add an extent to it.
+  constexpr double farthest = 1 << 24;
+  return std::trunc(std::clamp(VELSnappedToPixels(pixels), -farthest, farthest));
 }
 
 /// Sets a mark for the length of a block.
@@ -78,10 +87,20 @@ void VELOpenGLRenderContext::performDrawingCommands() {
   // vertex array of its own bound.
   if (!VELOpenGLContextController::o_currentState() && !VELOpenGLContextController::o_enableContext(context))
     return;
-  if (!VELOpenGLContextController::o_currentState()->isDrawing()) context->gl().resetES3State();
-  // A brush of the application's own may draw or clear here; the commands of the frame have to stay in place.
-  const Mark replaying(_isReplaying);
-  _drawingOrder.o_performCommands();
+  const bool isInFrame = VELOpenGLContextController::isInFrame();
+  if (!isInFrame) {
+    context->gl().resetES3State();
+    VELOpenGLContextController::o_currentState()->forget();
+  }
+  {
+    // A brush of the application's own may draw or clear here; the commands of the frame have to stay in
+    // place.
+    const Mark replaying(_isReplaying);
+    _drawingOrder.o_performCommands();
+  }
+  if (isInFrame) return;
+  // It may also have freed the GL context.
+  VELOpenGLContextController::o_disableContextBuffers();
 }
 
 // A shape that the current buffer cannot take goes to the next one; if it is too large for a whole buffer,
@@ -191,10 +210,10 @@ void VELOpenGLRenderContext::setDrawingArea(const VELRect& area) {
   const double scale = double{_sizeScale};
   // GL counts from the bottom edge of the last pixel, which a frame of a broken height does not reach.
   const double height = surface ? std::max(0.0, VELTouchedPixels(surface->frame().height, scale)) : 0.0;
-  const VELRect scissor = {VELSnappedToPixels(area.x * scale),
-                           VELSnappedToPixels(height - (area.y + area.height) * scale),
-                           VELSnappedToPixels(area.width * scale), VELSnappedToPixels(area.height * scale)};
-  _drawingOrder.o_addSetDrawingAreaComandWithFrame(area, scissor);
+  const double left = clipEdge(area.x * scale), right = clipEdge((area.x + area.width) * scale);
+  const double top = clipEdge(height - area.y * scale);
+  const double bottom = clipEdge(height - (area.y + area.height) * scale);
+  _drawingOrder.o_addSetDrawingAreaComandWithFrame(area, {left, bottom, right - left, top - bottom});
 }
 
 void VELOpenGLRenderContext::setParentRenderSurface(const std::shared_ptr<VELRenderSurface>& surface) {
@@ -210,12 +229,15 @@ void VELOpenGLRenderContext::setProjectionMatrix(const VELMatrix& projection, co
 void VELOpenGLRenderContext::p_VEL_o_createDrawingBuffer() {
   if (_drawingBuffers.empty() || _currentDrawingBuffer == _drawingBuffers.size() - 1) {
     const auto context = parentContext();
-    const bool isCurrent = VELOpenGLContextController::o_enableContext(context);
-    // While the driver does not give a lost context back, a buffer makes its stores later, as the older ones
-    // do.
-    const bool comesBack = context && context->isLost();
+    // In the middle of a frame, which a brush of the application's own may draw from, its buffers have to
+    // stay bound; and a lost context may come back only later. A buffer then makes its stores when it is
+    // selected.
+    const bool isInFrame = VELOpenGLContextController::isInFrame();
+    const bool hasContext =
+        isInFrame ? VELOpenGLContextController::o_isRegistered(context)
+                  : VELOpenGLContextController::o_enableContext(context) || (context && context->isLost());
     _drawingBuffers.push_back(
-        std::make_unique<VELDrawingBuffer>(_drawingBufferSize, isCurrent || comesBack ? context : nullptr));
+        std::make_unique<VELDrawingBuffer>(_drawingBufferSize, hasContext ? context : nullptr, !isInFrame));
     _hasGLStores = _hasGLStores && _drawingBuffers.back()->hasGLStores();
     _currentDrawingBuffer = _drawingBuffers.size() - 1;
   } else {

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <limits>
 #include <utility>
 
 #include "velmora/data/saturate.h"
 #include "velmora/platform/composer.h"
+#include "velmora/platform/density.h"
 #include "velmora/rendering/drawing_buffer.h"
 #include "velmora/rendering/opengl_context_controller.h"
 #include "velmora/rendering/opengl_render_context.h"
@@ -31,12 +31,6 @@ int32_t touchedPixels(double points, double scale) {
 double pointsOf(double points, double scale) {
   const int32_t pixels = touchedPixels(points, scale);
   return std::abs(pixels - points * scale) <= VELPixelSlack ? points : pixels / scale;
-}
-
-/// Pixels per point that can be drawn with, also as a float.
-bool isDensity(double scale) {
-  using Limits = std::numeric_limits<float>;
-  return scale >= double{Limits::min()} && scale <= double{Limits::max()};
 }
 
 bool checkFramebuffer(VELGL& gl, uint32_t framebuffer) {
@@ -70,7 +64,7 @@ VELOpenGLRenderSurface::VELOpenGLRenderSurface(Key, const VELRect& frame, VELHos
     : VELRenderSurfaceBase(frame),
       _context(host.glContext()),
       _layer(std::make_unique<VELGLLayer>(_context)),
-      _contentScale(isDensity(host.contentScale()) ? static_cast<float>(host.contentScale()) : 1.0f),
+      _contentScale(VELIsDensity(host.contentScale()) ? static_cast<float>(host.contentScale()) : 1.0f),
       _pixelScale(_contentScale) {}
 
 VELOpenGLRenderSurface::~VELOpenGLRenderSurface() {
@@ -151,7 +145,7 @@ void VELOpenGLRenderSurface::p_VEL_deleteFramebuffers() {
 }
 
 void VELOpenGLRenderSurface::contentScaleChanged(double pixelsPerPoint) {
-  if (!isDensity(pixelsPerPoint)) return;
+  if (!VELIsDensity(pixelsPerPoint)) return;
   _contentScale = static_cast<float>(pixelsPerPoint);
   invalidateElement();
 }
@@ -242,9 +236,13 @@ bool VELOpenGLRenderSurface::p_VEL_renderOpenGL() {
   state.setScissor(0, 0, _width, _height);
   gl.clear(VELGL_COLOR_BUFFER_BIT);
   p_VEL_performContexts();
-  state.setScissor(0, 0, _width, _height);
-  if (p_VEL_usesMultisampling()) p_VEL_resolveMultisampling();
-  state.finishDrawing();
+  // A brush of the application's own may have freed the surface, or the last use of the GL context.
+  VELGLState* const left = VELOpenGLContextController::o_currentState();
+  if (!left) return false;
+  left->setScissor(0, 0, _width, _height);
+  if (_isRegistered && p_VEL_usesMultisampling()) p_VEL_resolveMultisampling();
+  left->finishDrawing();
+  if (!_isRegistered) return false;
   // What was drawn after a loss is nothing; the next refresh draws it again.
   if (_context->checkLost()) return false;
 #ifndef NDEBUG

@@ -29,21 +29,18 @@ bool holds(size_t values, size_t perTexel, int32_t width, int32_t height) {
   return isPossible(width, height) && values / perTexel >= texels(width, height);
 }
 
-bool isInFrame() {
-  const VELGLState* const state = VELOpenGLContextController::o_currentState();
-  return state && state->isDrawing();
-}
-
 // Outside of a frame of a surface nobody has set what the meaning of an upload hangs on.
 void prepareUpload(VELGL& gl) {
-  if (!isInFrame()) gl.resetES3State();
+  if (!VELOpenGLContextController::isInFrame()) gl.resetES3State();
 }
 
 /// Whether GL took the pixels: it may have no memory for them.
 bool uploads(VELGLContext& context, int32_t width, int32_t height, const void* pixels) {
-  // What was noted until now is no answer to this. In a debug build the frame is asked for it.
+  // A lost context notes errors of its own; the texture is made again with the rest.
+  if (context.checkLost()) return false;
+    // What was noted until now is no answer to this. In a debug build the frame is asked for it.
 #ifndef NDEBUG
-  if (isInFrame()) context.checkErrors();
+  if (VELOpenGLContextController::isInFrame()) context.checkErrors();
 #endif
   context.forgetErrors();
   context.gl().texImage2D(VELGL_TEXTURE_2D, VELGL_RGBA, width, height, pixels);
@@ -120,8 +117,8 @@ std::shared_ptr<VELTextureOpenGL> VELTextureOpenGL::fromPng(const std::string& p
 VELTextureOpenGL::~VELTextureOpenGL() {
   for (const InContext& texture : _textures) {
     const auto context = texture.context.lock();
-    if (!context || context->hasLost(texture.generation)) continue;
-    const VELGLContextScope scope(*context);
+    if (!context) continue;
+    const VELGLContextScope scope(*context, texture.generation);
     if (scope.isCurrent()) context->gl().deleteTexture(texture.name);
   }
 }
@@ -158,8 +155,8 @@ void VELTextureOpenGL::p_VEL_rowsChanged(int32_t first, int32_t end) {
 bool VELTextureOpenGL::isValid() const {
   if (isEmpty() || _textures.empty()) return false;
   const auto context = parentContext();
-  if (!context || context->hasLost(_textures.front().generation)) return false;
-  const VELGLContextScope scope(*context);
+  if (!context) return false;
+  const VELGLContextScope scope(*context, _textures.front().generation);
   return scope.isCurrent() && context->gl().isTexture(_textures.front().name);
 }
 
@@ -218,7 +215,7 @@ void VELTextureOpenGL::p_VEL_create(InContext& texture, VELGLContext& context) c
   gl.pixelStorei(VELGL_UNPACK_ALIGNMENT, 4);
   const bool fits = !isEmpty() && _width <= limit && _height <= limit;
   texture.hasPixels = fits && uploads(context, _width, _height, _pixels.data());
-  if (fits && !texture.hasPixels)
+  if (fits && !texture.hasPixels && !context.isLost())
     std::fprintf(stderr, "OpenGL has no memory for a picture of %d x %d pixels; it is not drawn.\n", _width,
                  _height);
   if (!texture.hasPixels) gl.texImage2D(VELGL_TEXTURE_2D, VELGL_RGBA, 1, 1, nothing);

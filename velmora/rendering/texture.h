@@ -23,10 +23,12 @@ enum VELTextureFilter : int32_t {
 /// The GL texture lives in the context given, else in the one that is current at construction. Drawing with
 /// it in another context makes a further one there, and a lost one is made again, both from the CPU side. All
 /// of them are deleted with this object, in contexts that still live; which context is current stays as it
-/// was.
+/// was. A host that shares the context finds unit 0 active, this texture bound there, no vertex array bound
+/// and the pixel store at its defaults.
 ///
 /// Always true: pixels that do not fill the size, a side below 1 and one larger than GL can hold give an
-/// empty texture: it has no size, is never valid and draws nothing.
+/// empty texture: it has no size, is never valid and draws nothing. One that was made while no context was
+/// current, and turns out too large where it is drawn first, keeps its size and draws nothing there.
 class VELMORA_API VELTextureOpenGL {
  public:
   using ContextPtr = std::shared_ptr<VELGLContext>;

@@ -5,9 +5,25 @@ namespace {
 using Action = struct sigaction;
 
 /// The toolkit's own actions; empty, which is the default action, until it installed one.
-VELSDLSignalActions& toolkitActions() {
-  static VELSDLSignalActions actions{};
-  return actions;
+constinit VELSDLSignalActions toolkitActions{};
+
+/// Tells the toolkit, once: a loop that does not turn any more must not keep the process from ending, so the
+/// next signal does what it does by default.
+extern "C" void onSignal(int signal, siginfo_t* info, void* context) {
+  const Action& toolkits = toolkitActions[signal == kVELSDLSignals[0] ? 0 : 1];
+  if ((toolkits.sa_flags & SA_SIGINFO) != 0)
+    toolkits.sa_sigaction(signal, info, context);
+  else
+    toolkits.sa_handler(signal);
+  const Action byDefault{};
+  sigaction(signal, &byDefault, nullptr);
+}
+
+Action watching() {
+  Action action{};
+  action.sa_sigaction = onSignal;
+  action.sa_flags = SA_SIGINFO;
+  return action;
 }
 
 Action current(int signal) {
@@ -34,25 +50,24 @@ VELSDLSignalKeeper::~VELSDLSignalKeeper() {
   for (size_t i = 0; i < _saved.size(); ++i) {
     const Action now = current(kVELSDLSignals[i]);
     if (isSame(now, _saved[i])) continue;
-    toolkitActions()[i] = now;
+    toolkitActions[i] = now;
     sigaction(kVELSDLSignals[i], &_saved[i], nullptr);
   }
 }
 
 void VELSDLSignalWatch::start() {
-  for (size_t i = 0; i < _saved.size(); ++i) {
-    const Action& toolkits = toolkitActions()[i];
-    const Action now = current(kVELSDLSignals[i]);
-    if (_isTaken[i] || isDefault(toolkits) || !isDefault(now)) continue;
-    _saved[i] = now;
-    _isTaken[i] = sigaction(kVELSDLSignals[i], &toolkits, nullptr) == 0;
+  for (size_t i = 0; i < _isTaken.size(); ++i) {
+    if (_isTaken[i] || isDefault(toolkitActions[i]) || !isDefault(current(kVELSDLSignals[i]))) continue;
+    const Action action = watching();
+    _isTaken[i] = sigaction(kVELSDLSignals[i], &action, nullptr) == 0;
   }
 }
 
 void VELSDLSignalWatch::stop() {
-  for (size_t i = 0; i < _saved.size(); ++i) {
-    if (_isTaken[i] && isSame(current(kVELSDLSignals[i]), toolkitActions()[i]))
-      sigaction(kVELSDLSignals[i], &_saved[i], nullptr);
+  for (size_t i = 0; i < _isTaken.size(); ++i) {
+    const Action byDefault{};
+    if (_isTaken[i] && isSame(current(kVELSDLSignals[i]), watching()))
+      sigaction(kVELSDLSignals[i], &byDefault, nullptr);
     _isTaken[i] = false;
   }
 }

@@ -25,7 +25,8 @@ class VELSDLSignalKeeper {
 };
 
 /// While it runs, a signal becomes an event of the loop: one that the application left to end the process.
-/// A signal that the application handles or ignores stays its own.
+/// The second of its kind ends the process, whether the loop came to the first or not. A signal that the
+/// application handles or ignores stays its own.
 class VELSDLSignalWatch {
  public:
   VELSDLSignalWatch() = default;
@@ -39,5 +40,4 @@ class VELSDLSignalWatch {
 
  private:
   std::array<bool, kVELSDLSignals.size()> _isTaken{};
-  VELSDLSignalActions _saved{};
 };

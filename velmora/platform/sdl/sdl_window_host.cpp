@@ -13,16 +13,15 @@ namespace {
 
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-bool isUsable(double scale) { return std::isfinite(scale) && scale >= 0.0; }
+bool isUsable(double scale) { return scale == 0.0 || VELIsDensity(scale); }
 
 std::string wrongOptions(const VELWindowOptions& options) {
   const auto isSide = [](double side) { return std::isfinite(side) && side > 0.0; };
   if (!isSide(options.size.width) || !isSide(options.size.height))
     return "A window cannot be opened without a size: both sides must be positive numbers.";
   if (!isUsable(options.contentScale))
-    return "A window cannot be opened with such a density: the pixels per point must be a positive number, "
-           "or "
-           "0 for those of the display.";
+    return "A window cannot be opened with such a density: the pixels per point must be a positive number "
+           "that a float holds, or 0 for those of the display.";
   return {};
 }
 
@@ -68,9 +67,11 @@ std::shared_ptr<VELWindowHost> VELWindowHost::create(const VELWindowOptions& opt
   return host;
 }
 
-bool VELWindowHost::hasDisplay() {
+bool VELWindowHost::hasDisplay(std::string* failure) {
   std::string reason;
-  return !theHost().expired() || VELSDLOpenDisplay(reason);
+  if (!theHost().expired() || VELSDLOpenDisplay(reason)) return true;
+  if (failure) *failure = std::move(reason);
+  return false;
 }
 
 VELSDLWindowHost::VELSDLWindowHost(std::shared_ptr<VELSDLContext> context, const VELWindowOptions& options)
@@ -86,6 +87,9 @@ VELSDLWindowHost::~VELSDLWindowHost() {
 }
 
 void VELSDLWindowHost::start() {
+  // What ended a former window of the process is none of this one's business.
+  SDL_PumpEvents();
+  SDL_FlushEvent(SDL_QUIT);
   _signals.start();
   followWindow();
   if (!_context->makeCurrent()) return;
@@ -293,6 +297,9 @@ void VELSDLWindowHost::beat() {
 
   // Without the composer's program the background alone is shown: still a frame, and no reason for another.
   composeTree();
+  // A display that is gone ends the process here, by its own library. Drivers that draw in memory would try
+  // to show the picture for ever.
+  SDL_PumpEvents();
   _context->exchange();
   _pacer.exchanged(seconds());
   ++_presentedFrames;

@@ -44,7 +44,8 @@ class VELMORA_API VELWindowHost : public VELHost {
                                                std::string* failure = nullptr);
   /// True when a window could be opened, as far as that shows without opening one. Connects the process to
   /// its display and leaves it so.
-  static bool hasDisplay();
+  /// @param failure when given and there is none, takes the reason in one sentence
+  static bool hasDisplay(std::string* failure = nullptr);
 
   VELWindowHost() = default;
   VELWindowHost(const VELWindowHost&) = delete;
@@ -55,7 +56,8 @@ class VELMORA_API VELWindowHost : public VELHost {
   /// One turn of the loop.
   /// @param mostSeconds how long it may wait for something to happen; infinity waits for ever, 0 and NaN not
   /// at all
-  /// @return false once the window is closed, and once after each `stop`
+  /// @return false once the window is closed, once after each `stop`, and inside of a turn, where it does
+  /// nothing
   virtual bool step(double mostSeconds = std::numeric_limits<double>::infinity()) = 0;
   /// Ends `run` after the turn at work, or the next `run` at once. The window stays.
   virtual void stop() = 0;
@@ -80,7 +82,7 @@ class VELMORA_API VELWindowHost : public VELHost {
   virtual void setTitle(const std::string& title) = 0;
   /// What shows where no view draws; that of the options at first.
   virtual void setBackgroundColor(const VELColor& color) = 0;
-  /// Sets the pixels per point; 0 takes what the system says again. What is not finite or negative is
+  /// Sets the pixels per point; 0 takes what the system says again. What is negative or no float holds is
   /// ignored.
   virtual void setContentScale(double pixelsPerPoint) = 0;
   /// Called with the new pixels per point, after the views were told.
