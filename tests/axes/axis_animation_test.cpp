@@ -1,10 +1,7 @@
 // Ranges that move in time, and who is told of them.
-#include <gtest/gtest.h>
-
-#include <initializer_list>
 #include <stdexcept>
 
-#include "axis_kinds.h"
+#include "tests/axes/axis_kinds.h"
 
 namespace {
 
@@ -24,14 +21,15 @@ struct AnimatedChart : OneAxisChart {
 };
 
 TEST(AxisAnimation, StepsAreLinearOnTheScaleOfEachKindAndTheLastOneIsTheTarget) {
-  struct Row {
+  const struct {
     AxisMaker make;
     double fromMin, fromMax, toMin, toMax, middleMin, middleMax;
-  };
-  for (const Row& row : {Row{kNumeric, 0, 10, 5, 35, 2.5, 22.5}, Row{kLogarithmic, 1, 100, 100, 1e6, 10, 1e4},
-                         Row{kLogarithmic, -100, -1, -1e4, -100, -1000, -10},
-                         Row{kDateTime, 1.5e9, 1.6e9, 1.6e9, 1.65e9, 1.55e9, 1.625e9},
-                         Row{kCategory, -0.5, 9.5, 4.5, 9.5, 2, 9.5}}) {
+  } rows[] = {{kNumeric, 0, 10, 5, 35, 2.5, 22.5},
+              {kLogarithmic, 1, 100, 100, 1e6, 10, 1e4},
+              {kLogarithmic, -100, -1, -1e4, -100, -1000, -10},
+              {kDateTime, 1.5e9, 1.6e9, 1.6e9, 1.65e9, 1.55e9, 1.625e9},
+              {kCategory, -0.5, 9.5, 4.5, 9.5, 2, 9.5}};
+  for (const auto& row : rows) {
     AnimatedChart chart(row.make);
     chart.show(row.fromMin, row.fromMax);
     chart.told.clear();
@@ -50,13 +48,13 @@ TEST(AxisAnimation, StepsAreLinearOnTheScaleOfEachKindAndTheLastOneIsTheTarget) 
 }
 
 TEST(AxisAnimation, ANewRangeOrAGestureEndsItWhereItIs) {
-  using End = void (*)(VELAxisBase&);
-  for (const auto end : std::initializer_list<End>{
-           [](VELAxisBase& axis) { axis.setVisibleRange(axis.visibleRange()); },
-           [](VELAxisBase& axis) { axis.scrollByPixels(0, VELClipMode_None); },
-           [](VELAxisBase& axis) { axis.zoomByFractionMin(0, 0); },
-           [](VELAxisBase& axis) { axis.setParentSurface({}); },
-           [](VELAxisBase& axis) { axis.trySetOrAnimateVisibleRange(axis.visibleRange(), 1.0); }}) {
+  void (*const ends[])(VELAxisBase&) = {
+      [](VELAxisBase& axis) { axis.setVisibleRange(axis.visibleRange()); },
+      [](VELAxisBase& axis) { axis.scrollByPixels(0, VELClipMode_None); },
+      [](VELAxisBase& axis) { axis.zoomByFractionMin(0, 0); },
+      [](VELAxisBase& axis) { axis.setParentSurface({}); },
+      [](VELAxisBase& axis) { axis.trySetOrAnimateVisibleRange(axis.visibleRange(), 1.0); }};
+  for (const auto end : ends) {
     AnimatedChart chart;
     chart.axis->trySetOrAnimateVisibleRange(doubles(10, 20), 1.0);
     for (const double seconds : {0.0, 0.5, 0.9}) {
@@ -91,26 +89,26 @@ TEST(AxisAnimation, WithoutABeatOrAWayTheRangeIsSetAtOnce) {
     expectRange(chart.axis->visibleRange(), bound, bound + 1);
   }
   AnimatedChart endless;
-  for (const double max : {HUGE_VAL, 20.0}) {  // there, and back from it
+  for (const double max : {kInf, 20.0}) {  // there, and back from it
     EXPECT_TRUE(endless.axis->trySetOrAnimateVisibleRange(doubles(5, max), 1));
     EXPECT_EQ(endless.axis->visibleRange()->maxAsDouble(), max);
   }
 }
 
 TEST(AxisAnimation, BlocksOfAStepMayDoAnything) {
-  using Meddle = void (*)(AnimatedChart&);
-  for (const Meddle meddle : std::initializer_list<Meddle>{
-           [](AnimatedChart& chart) { chart.axis->setVisibleRange(doubles(7, 8)); },
-           [](AnimatedChart& chart) { chart.axis->trySetOrAnimateVisibleRange(doubles(7, 8), 0.5); },
-           [](AnimatedChart& chart) {
-             chart.axis->setVisibleRange(doubles(7, 8));
-             throw std::runtime_error("application");
-           },
-           [](AnimatedChart& chart) {
-             chart.horizontal->clear();
-             chart.surface->xs.clear();
-             chart.axis.reset();
-           }}) {
+  void (*const meddlings[])(AnimatedChart&) = {
+      [](AnimatedChart& chart) { chart.axis->setVisibleRange(doubles(7, 8)); },
+      [](AnimatedChart& chart) { chart.axis->trySetOrAnimateVisibleRange(doubles(7, 8), 0.5); },
+      [](AnimatedChart& chart) {
+        chart.axis->setVisibleRange(doubles(7, 8));
+        throw std::runtime_error("application");
+      },
+      [](AnimatedChart& chart) {
+        chart.horizontal->clear();
+        chart.surface->xs.clear();
+        chart.axis.reset();
+      }};
+  for (const auto meddle : meddlings) {
     AnimatedChart chart;
     const std::weak_ptr<VELAxisBase> axis = chart.axis;
     bool done = false;

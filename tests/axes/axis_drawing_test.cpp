@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
 #include <set>
-#include <vector>
 
-#include "fake_chart.h"
+#include "tests/axes/fake_chart.h"
 #include "tests/support/allocation_counter.h"
 #include "velmora/axes/coordinate_calculator.h"
 #include "velmora/axes/pixel_grid.h"
@@ -13,36 +8,24 @@
 namespace {
 
 TEST(PixelGrid, LinesCoverWholePixelsAndStayInside) {
-  struct Row {
+  const struct {
     double scale, origin, length, centre, width, snapped;
-  };
-  for (const Row& row : std::vector<Row>{{1, 0, 100, 0, 1, 0.5},
-                                         {1, 0, 100, 99, 1, 99.5},
-                                         {1, 0, 100, 100, 1, 99.5},
-                                         {1, 0, 100, 40.4, 1, 40.5},
-                                         {1, 0, 100, 39.6, 1, 39.5},
-                                         {1, 0, 100, 50, 2, 50},
-                                         {2, 0, 100, 50, 1, 50},
-                                         {2, 0, 100, 0, 1, 0.5},
-                                         {2, 0, 100, 50.2, 0.5, 50.25},
-                                         {1, 10.5, 100, 40, 1, 40},
-                                         {1.5, 0, 100, 50, 2, 151 / 3.0},
-                                         {1, 0, 100, 50, 0.1, 50.5},
-                                         {std::nan(""), 0, 100, 7, 1, 7.5},
-                                         {1, 0, 0.2, 7, 1, 7.5}})
-    EXPECT_NEAR((VELPixelGrid{row.scale, row.origin, row.length}.snapLine(row.centre, row.width)),
-                row.snapped, 1e-12)
+  } rows[] = {{1, 0, 100, 0, 1, 0.5},     {1, 0, 100, 99, 1, 99.5},        {1, 0, 100, 100, 1, 99.5},
+              {1, 0, 100, 40.4, 1, 40.5}, {1, 0, 100, 39.6, 1, 39.5},      {1, 0, 100, 50, 2, 50},
+              {2, 0, 100, 50, 1, 50},     {2, 0, 100, 0, 1, 0.5},          {2, 0, 100, 50.2, 0.5, 50.25},
+              {1, 10.5, 100, 40, 1, 40},  {1.5, 0, 100, 50, 2, 151 / 3.0}, {1, 0, 100, 50, 0.1, 50.5},
+              {kNaN, 0, 100, 7, 1, 7.5},  {1, 0, 0.2, 7, 1, 7.5}};
+  for (const auto& row : rows) {
+    const VELPixelGrid grid{row.scale, row.origin, row.length};
+    EXPECT_NEAR(grid.snapLine(row.centre, row.width), row.snapped, 1e-12)
         << row.centre << " at " << row.scale;
+  }
 }
 
-/// Pixels of the surface that a shape covers along one direction.
-struct Cover {
-  double from, to;
-};
-
-Cover alongOf(const DrawnShape& shape, const VELPenPtr& pen, bool vertical) {
-  const double t = shape.kind == 'L' ? static_cast<double>(pen->strokeThickness()) : 0.0;
-  return vertical ? Cover{shape.x1 - t, shape.x2 + t} : Cover{shape.y1 - t, shape.y2 + t};
+/// First and last pixel of the surface that a line covers along one direction.
+std::pair<double, double> alongOf(const DrawnShape& line, const VELPenPtr& pen, bool vertical) {
+  const double t = line.kind == 'L' ? static_cast<double>(pen->strokeThickness()) : 0.0;
+  return vertical ? std::pair(line.x1 - t, line.x2 + t) : std::pair(line.y1 - t, line.y2 + t);
 }
 
 bool isWhole(double pixels) { return std::abs(pixels - std::round(pixels)) < 1e-3; }
@@ -63,15 +46,15 @@ TEST(AxisDrawing, EveryLineIsCrispInsideItsAreaAndNearItsTick) {
         const auto lines = chart.context.of(pen.get());
         ASSERT_EQ(lines.size(), coordinates.size());
         for (size_t i = 0; i < lines.size(); ++i) {
-          const Cover cover = alongOf(lines[i], pen, vertical);
-          EXPECT_TRUE(isWhole(cover.from * scale) && isWhole(cover.to * scale)) << cover.from;
+          const auto [from, to] = alongOf(lines[i], pen, vertical);
+          EXPECT_TRUE(isWhole(from * scale) && isWhole(to * scale)) << from;
           const VELRect& area = lines[i].area;
-          EXPECT_GE(cover.from, (vertical ? area.x : area.y) - 1e-3);
-          EXPECT_LE(cover.to, (vertical ? area.right() : area.bottom()) + 1e-3);
+          EXPECT_GE(from, (vertical ? area.x : area.y) - 1e-3);
+          EXPECT_LE(to, (vertical ? area.right() : area.bottom()) + 1e-3);
           const double place = static_cast<double>(coordinates[i]) +
                                (vertical ? chart.surface->frame.x : chart.surface->frame.y);
           // Half of a line of one point: at the ends of the area it moves inside as a whole.
-          EXPECT_LE(std::abs((cover.from + cover.to) / 2 - place), 0.5 + 1e-3);
+          EXPECT_LE(std::abs((from + to) / 2 - place), 0.5 + 1e-3);
         }
       }
     }
@@ -81,21 +64,18 @@ TEST(AxisDrawing, EveryLineIsCrispInsideItsAreaAndNearItsTick) {
 TEST(AxisDrawing, BandsThenMinorThenMajorLinesXBeforeYOverTheChartFrameAlone) {
   FakeChart chart({1280, 720});
   chart.drawUntilStable();
-  std::vector<const VELBrush2D*> order;
-  for (const DrawnShape& shape : chart.context.shapes) {
-    if (order.empty() || order.back() != shape.brush) order.push_back(shape.brush);
-    const bool isTick = shape.brush == chart.x->style().majorTickPen().get() ||
-                        shape.brush == chart.x->style().minorTickPen().get() ||
-                        shape.brush == chart.y->style().majorTickPen().get() ||
-                        shape.brush == chart.y->style().minorTickPen().get();
-    EXPECT_EQ(shape.area == chart.surface->frame, !isTick);
-  }
   const VELAxisStyle &x = chart.x->style(), &y = chart.y->style();
   const std::vector<const VELBrush2D*> expected = {x.minorTickPen().get(),     x.majorTickPen().get(),
                                                    y.minorTickPen().get(),     y.majorTickPen().get(),
                                                    x.gridBandBrush().get(),    y.gridBandBrush().get(),
                                                    x.minorGridLinePen().get(), y.minorGridLinePen().get(),
                                                    x.majorGridLinePen().get(), y.majorGridLinePen().get()};
+  std::vector<const VELBrush2D*> order;
+  for (const DrawnShape& shape : chart.context.shapes) {
+    if (order.empty() || order.back() != shape.brush) order.push_back(shape.brush);
+    const auto isTick = std::find(expected.begin(), expected.begin() + 4, shape.brush) - expected.begin() < 4;
+    EXPECT_EQ(shape.area == chart.surface->frame, !isTick);
+  }
   EXPECT_EQ(order, expected);
   EXPECT_EQ(chart.context.area, chart.surface->frame);
 
@@ -105,9 +85,8 @@ TEST(AxisDrawing, BandsThenMinorThenMajorLinesXBeforeYOverTheChartFrameAlone) {
   chart.x->style().setDrawMinorGridLines(false);
   chart.x->style().setMajorGridLinePen(nullptr);
   chart.draw();
-  const std::set<const VELBrush2D*> ofY = {y.minorTickPen().get(), y.majorTickPen().get(),
-                                           y.gridBandBrush().get(), y.minorGridLinePen().get(),
-                                           y.majorGridLinePen().get()};
+  std::set<const VELBrush2D*> ofY;
+  for (const size_t i : {2u, 3u, 5u, 7u, 9u}) ofY.insert(expected[i]);
   ASSERT_FALSE(chart.context.shapes.empty());
   for (const DrawnShape& shape : chart.context.shapes)
     EXPECT_TRUE(ofY.contains(shape.brush)) << "the X axis has everything switched off";
@@ -120,13 +99,12 @@ TEST(AxisDrawing, TicksStandOutwardsFromTheChartFrame) {
       chart.drawUntilStable();
       const VELRect& f = chart.surface->frame;
       const auto ofX = chart.context.of(chart.x->style().majorTickPen().get());
-      ASSERT_FALSE(ofX.empty());
+      const auto ofY = chart.context.of(chart.y->style().majorTickPen().get());
+      ASSERT_FALSE(ofX.empty() || ofY.empty());
       for (const DrawnShape& tick : ofX) {
         EXPECT_NEAR(tick.y1, x == VELAxisAlignment_Bottom ? f.bottom() : f.y, 1e-3);
         EXPECT_NEAR(tick.y2 - tick.y1, x == VELAxisAlignment_Bottom ? 6 : -6, 1e-3);
       }
-      const auto ofY = chart.context.of(chart.y->style().majorTickPen().get());
-      ASSERT_FALSE(ofY.empty());
       for (const DrawnShape& tick : ofY) {
         EXPECT_NEAR(tick.x1, y == VELAxisAlignment_Right ? f.right() : f.x, 1e-3);
         EXPECT_NEAR(tick.x2 - tick.x1, y == VELAxisAlignment_Right ? 6 : -6, 1e-3);
@@ -165,31 +143,6 @@ TEST(AxisDrawing, BandsMoveWithTheData) {
   }
 }
 
-TEST(AxisDrawing, AnAxisThatCannotDrawLeavesNothingBehind) {
-  constexpr double inf = std::numeric_limits<double>::infinity();
-  for (const VELRangePtr& range :
-       {doubles(3, 3), doubles(std::nan(""), 1), doubles(-inf, inf), doubles(-1e308, 1e308),
-        doubles(1e300, 1.0000000000000002e300), VELRangePtr()}) {
-    FakeChart chart;
-    chart.draw();
-    ASSERT_FALSE(chart.x->axisPanel()->tickLabels().empty());
-    chart.x->setVisibleRange(range);
-    chart.y->setVisibleRange(range);
-    chart.draw();
-    for (const auto& axis : {chart.x, chart.y})
-      for (const auto& label : axis->axisPanel()->tickLabels())
-        EXPECT_TRUE(label->isHidden() || axis->hasValidVisibleRange());
-    for (const DrawnShape& shape : chart.context.shapes)
-      EXPECT_TRUE(std::isfinite(shape.x1 + shape.x2 + shape.y1 + shape.y2));
-  }
-  FakeChart chart;
-  chart.draw();
-  chart.x->setParentSurface({});
-  chart.y->setParentSurface({});
-  chart.draw();
-  EXPECT_TRUE(chart.context.shapes.empty());
-}
-
 TEST(AxisDrawing, ASteadyPassAllocatesNothing) {
   FakeChart chart({1280, 720});
   chart.drawUntilStable();
@@ -203,10 +156,11 @@ TEST(AxisDrawing, MinorsThatWouldBeAGreyAreaAreLeftOut) {
   FakeChart wide({1280, 720}), narrow({150, 120});
   wide.drawUntilStable();
   narrow.drawUntilStable();
+  const VELAxisStyle& style = narrow.x->style();
   EXPECT_FALSE(wide.context.of(wide.x->style().minorGridLinePen().get()).empty());
-  EXPECT_TRUE(narrow.context.of(narrow.x->style().minorGridLinePen().get()).empty());
-  EXPECT_TRUE(narrow.context.of(narrow.x->style().minorTickPen().get()).empty());
-  EXPECT_FALSE(narrow.context.of(narrow.x->style().majorGridLinePen().get()).empty());
+  EXPECT_TRUE(narrow.context.of(style.minorGridLinePen().get()).empty());
+  EXPECT_TRUE(narrow.context.of(style.minorTickPen().get()).empty());
+  EXPECT_FALSE(narrow.context.of(style.majorGridLinePen().get()).empty());
 }
 
 }  // namespace

@@ -1,21 +1,17 @@
 // Scrolling and zooming of every kind of axis, in every place.
-#include <gtest/gtest.h>
-
-#include <limits>
-
-#include "axis_kinds.h"
+#include "tests/axes/axis_kinds.h"
 
 namespace {
 
 /// Calls `test` with axes of each kind, X and Y, horizontal and vertical, flipped and not.
 template <class Test>
 void inEveryPlace(Test test) {
-  struct Row {
+  const struct {
     AxisMaker make;
     double min, max;
-  };
-  for (const Row& row : {Row{kNumeric, -3, 5}, Row{kLogarithmic, 0.5, 4000}, Row{kLogarithmic, -300, -2},
-                         Row{kDateTime, 1.6e9, 1.7e9}, Row{kCategory, -0.5, 99}, Row{kCategoryDates, 3, 8}})
+  } rows[] = {{kNumeric, -3, 5},         {kLogarithmic, 0.5, 4000}, {kLogarithmic, -300, -2},
+              {kDateTime, 1.6e9, 1.7e9}, {kCategory, -0.5, 99},     {kCategoryDates, 3, 8}};
+  for (const auto& row : rows)
     for (int place = 0; place < 8; ++place) {
       OneAxisChart chart(row.make, (place & 1) != 0, (place & 2) != 0);
       chart.axis->setFlipCoordinates((place & 4) != 0);
@@ -50,12 +46,11 @@ TEST(AxisGestures, TheValueUnderTheFingerStaysUnderTheFinger) {
 TEST(AxisGestures, WhatWouldBeNoRangeIsNotSet) {
   inEveryPlace([](VELAxisBase& axis) {
     const VELRangePtr before = axis.visibleRange()->clone();
-    for (const double bad : {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, -HUGE_VAL}) {
+    for (const double bad : {kNaN, kInf, -kInf}) {
       axis.scrollByPixels(bad, VELClipMode_StopAtLimits);
       axis.zoomByFractionMin(bad, 0);
     }
-    axis.zoomByFractionMin(-0.5, -0.5);
-    axis.zoomByFractionMin(-0.7, -0.7);
+    for (const double f : {-0.5, -0.7}) axis.zoomByFractionMin(f, f);
     EXPECT_TRUE(axis.visibleRange()->equals(before)) << *axis.visibleRange();
     for (const double f : {-0.3, 0.5}) {
       for (int i = 0; i < 2000; ++i) axis.zoomByFractionMin(f, f * 0.7);
@@ -70,25 +65,26 @@ TEST(AxisGestures, WhatWouldBeNoRangeIsNotSet) {
 }
 
 TEST(AxisGestures, ClipModesStopAtTheDataAndAtWhatWasSeenBefore) {
-  struct Row {
+  constexpr auto kHold = VELClipMode_HoldEnd, kStop = VELClipMode_StopAtLimits,
+                 kOther = static_cast<VELClipMode>(2);
+  // 40 points are a tenth of a range. The data reaches from 10 to 110.
+  const struct {
     AxisMaker make;
     double min, max;
     std::vector<double> pixels;
     VELClipMode mode;
     double wantedMin, wantedMax;
-  };
-  // 40 points are a tenth of a range. The data reaches from 10 to 110.
-  for (const Row& row : std::vector<Row>{
-           {kNumeric, 20, 40, {-400}, VELClipMode_None, 40, 60},
-           {kNumeric, 20, 40, {400}, static_cast<VELClipMode>(2), 0, 20},
-           {kNumeric, 20, 40, {400}, VELClipMode_HoldEnd, 10, 20},
-           {kNumeric, 90, 110, {-40}, VELClipMode_HoldEnd, 92, 110},
-           {kNumeric, 20, 40, {400}, VELClipMode_StopAtLimits, 10, 30},
-           {kNumeric, 90, 110, {-40}, VELClipMode_StopAtLimits, 90, 110},
-           {kNumeric, 0, 200, {40}, VELClipMode_StopAtLimits, 0, 200},  // zoomed out: no jump
-           {kNumeric, 0, 200, {40}, VELClipMode_HoldEnd, 0, 180},
-           {kDateTime, -30, 70, {-40, 20, 200}, VELClipMode_StopAtLimits, -30, 70},  // back to its start
-           {kLogarithmic, 11, 1100, {400}, VELClipMode_StopAtLimits, 10, 1000}}) {
+  } rows[] = {{kNumeric, 20, 40, {-400}, VELClipMode_None, 40, 60},
+              {kNumeric, 20, 40, {400}, kOther, 0, 20},
+              {kNumeric, 20, 40, {400}, kHold, 10, 20},
+              {kNumeric, 90, 110, {-40}, kHold, 92, 110},
+              {kNumeric, 20, 40, {400}, kStop, 10, 30},
+              {kNumeric, 90, 110, {-40}, kStop, 90, 110},
+              {kNumeric, 0, 200, {40}, kStop, 0, 200},  // zoomed out: no jump
+              {kNumeric, 0, 200, {40}, kHold, 0, 180},
+              {kDateTime, -30, 70, {-40, 20, 200}, kStop, -30, 70},  // back to its start
+              {kLogarithmic, 11, 1100, {400}, kStop, 10, 1000}};
+  for (const auto& row : rows) {
     OneAxisChart chart(row.make);
     chart.add(doubles(10, 110));
     chart.show(row.min, row.max);

@@ -1,14 +1,7 @@
 // One axis of each kind, for tables that hold them side by side.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <memory>
-#include <vector>
-
-#include "fake_chart.h"
+#include "tests/axes/fake_chart.h"
 #include "velmora/axes/category_date_time_axis.h"
 #include "velmora/axes/category_numeric_axis.h"
 #include "velmora/axes/date_time_axis.h"
@@ -43,13 +36,13 @@ struct OneAxisChart : FakeChart {
     horizontal->setFrame({40, 441, 401, 40});
     (isHorizontal ? horizontal : vertical)->addItem(axis);
   }
-  FakeSeries& add(const VELRangePtr& x, const VELRangePtr& y = nullptr) {
-    surface->series.push_back(std::make_shared<FakeSeries>());
-    surface->series.back()->xRange = x;
-    surface->series.back()->yRange = [y](const VELRange&, bool positive) {
-      return positive && y && y->minAsDouble() <= 0 ? nullptr : y;
-    };
-    return *surface->series.back();
+  /// Makes its data that of a category column with these values.
+  template <class Value>
+  VELArrayControllerPtr addCategories(VELDataType type, const std::vector<Value>& values) {
+    const auto data = VELXyDataSeries::initWithCategoryXType(type, VELDataType_Double);
+    for (const Value& value : values) data->appendX(value, 1.0);
+    add(doubles(0, static_cast<double>(values.size()))).data = data;
+    return data->xValues();
   }
   void show(double min, double max) { axis->setVisibleRange(axis->toVisibleRangeMin(min, max)); }
   void draw() {
@@ -57,9 +50,3 @@ struct OneAxisChart : FakeChart {
     FakeChart::draw();
   }
 };
-
-inline void expectRange(const VELRangePtr& range, double min, double max) {
-  const double tolerance = 1e-9 * std::max(std::abs(min), std::abs(max));
-  EXPECT_NEAR(range->minAsDouble(), min, tolerance);
-  EXPECT_NEAR(range->maxAsDouble(), max, tolerance);
-}

@@ -1,10 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <vector>
-
-#include "fake_chart.h"
+#include "tests/axes/fake_chart.h"
 #include "velmora/axes/label_culling.h"
 #include "velmora/platform/text.h"
 
@@ -22,19 +16,19 @@ std::vector<VELRect> shownLabels(const VELAxisBase& axis) {
   return shown;
 }
 
-void expectReadable(const FakeChart& chart, const VELNumericAxis& axis, const std::string& where) {
-  const bool horizontal = axis.isHorizontalAxis();
+/// Labels within the view, and a gap of four points between any two.
+void expectReadable(const FakeChart& chart, const VELNumericAxis& axis) {
   const auto labels = shownLabels(axis);
   const VELRect& view = chart.surface->bounds;
   for (size_t i = 0; i < labels.size(); ++i) {
     EXPECT_TRUE(labels[i].x >= view.x - 0.01 && labels[i].right() <= view.right() + 0.01 &&
                 labels[i].y >= view.y - 0.01 && labels[i].bottom() <= view.bottom() + 0.01)
-        << where << ": cut";
+        << "cut";
     for (size_t k = i + 1; k < labels.size(); ++k) {
-      const double gap = horizontal
-                             ? std::max(labels[k].x - labels[i].right(), labels[i].x - labels[k].right())
-                             : std::max(labels[k].y - labels[i].bottom(), labels[i].y - labels[k].bottom());
-      EXPECT_GE(gap, 4.0 - 1e-3) << where << ": too close";
+      const VELRect &a = labels[i], &b = labels[k];
+      EXPECT_GE(axis.isHorizontalAxis() ? std::max(b.x - a.right(), a.x - b.right())
+                                        : std::max(b.y - a.bottom(), a.y - b.bottom()),
+                4.0 - 1e-3);
     }
   }
 }
@@ -42,9 +36,8 @@ void expectReadable(const FakeChart& chart, const VELNumericAxis& axis, const st
 // Sizes, sides and ranges of many kinds: labels never overlap, are never cut, and the areas come to rest.
 TEST(AxisPanel, LabelsAreReadableAndAreasComeToRest) {
   ASSERT_TRUE(VELTextEngine::instance().hasFonts()) << "install fonts-dejavu-core";
-  const std::vector<std::pair<double, double>> ranges = {{0, 10},          {0, 1e-4},     {-0.3, 0.3},
-                                                         {-1e6, 12345678}, {99.9, 100.1}, {1e12, 1e12 + 7},
-                                                         {0, 108000},      {-3e-9, 4e-9}};
+  const std::pair<double, double> ranges[] = {{0, 10},       {0, 1e-4},        {-0.3, 0.3}, {-1e6, 12345678},
+                                              {99.9, 100.1}, {1e12, 1e12 + 7}, {0, 108000}, {-3e-9, 4e-9}};
   for (const VELSize size : {VELSize{1280, 720}, VELSize{640, 360}, VELSize{320, 240}, VELSize{90, 60},
                              VELSize{20, 400}, VELSize{400, 20}}) {
     for (const auto& [min, max] : ranges) {
@@ -55,14 +48,14 @@ TEST(AxisPanel, LabelsAreReadableAndAreasComeToRest) {
         chart.y->setVisibleRange(doubles(min, max));
         chart.x->setAxisTitle("Time / s");
         if (mirrored) chart.y->setAxisTitle("Voltage");
-        const std::string where = std::to_string(size.width) + " x " + std::to_string(size.height) + ", " +
-                                  std::to_string(min) + " to " + std::to_string(max);
-        EXPECT_LE(chart.drawUntilStable(), 3) << where;
-        expectReadable(chart, *chart.x, where);
-        expectReadable(chart, *chart.y, where);
+        SCOPED_TRACE(testing::Message()
+                     << size.width << " x " << size.height << ", " << min << " to " << max);
+        EXPECT_LE(chart.drawUntilStable(), 3);
+        expectReadable(chart, *chart.x);
+        expectReadable(chart, *chart.y);
         if (size.width < 320 || size.height < 240) continue;
-        EXPECT_GE(shownLabels(*chart.x).size(), 1u) << where;
-        EXPECT_GE(shownLabels(*chart.y).size(), 2u) << where;
+        EXPECT_GE(shownLabels(*chart.x).size(), 1u);
+        EXPECT_GE(shownLabels(*chart.y).size(), 2u);
         EXPECT_EQ(chart.vertical->recommendedSize(), std::round(chart.vertical->recommendedSize()));
       }
     }
@@ -97,7 +90,7 @@ TEST(AxisPanel, LabelsThatStayAreTheSameViewsWhilePanned) {
   chart.x->setVisibleRange(doubles(0, 10));
   chart.draw();
   const auto labels = chart.x->axisPanel()->tickLabels();
-  const std::vector<std::shared_ptr<VELDefaultTickLabel>> before(labels.begin(), labels.end());
+  const std::vector before(labels.begin(), labels.end());
   ASSERT_GT(before.size(), 4u);
   chart.x->setVisibleRange(doubles(1.5, 11.5));
   chart.draw();
@@ -121,6 +114,7 @@ TEST(AxisPanel, KeepsItsDepthWhileNoMajorIsInSight) {
 
 TEST(AxisPanel, TitlesRunAlongTheirAxisAndTakeRoomOnlyWhenThereIsOne) {
   for (const auto side : {VELAxisAlignment_Left, VELAxisAlignment_Right}) {
+    const bool isLeft = side == VELAxisAlignment_Left;
     FakeChart chart({640, 360}, VELAxisAlignment_Bottom, side);
     chart.drawUntilStable();
     EXPECT_TRUE(chart.y->axisPanel()->titleLabel()->isHidden());
@@ -131,14 +125,13 @@ TEST(AxisPanel, TitlesRunAlongTheirAxisAndTakeRoomOnlyWhenThereIsOne) {
     EXPECT_FALSE(title.isHidden());
     EXPECT_GT(chart.vertical->recommendedSize(), without);
     // Read from below on the left, from above on the right.
-    EXPECT_EQ(title.transform().b, side == VELAxisAlignment_Left ? -1.0 : 1.0);
+    EXPECT_EQ(title.transform().b, isLeft ? -1.0 : 1.0);
     EXPECT_GT(title.frame().height, title.frame().width);
     const VELRect frame = inChart(*chart.y, title);
     EXPECT_NEAR(frame.center().y, chart.surface->frame.center().y, 1e-6);
-    EXPECT_NEAR(side == VELAxisAlignment_Left ? frame.x : chart.surface->bounds.width - frame.right(), 0,
-                1.0);
+    EXPECT_NEAR(isLeft ? frame.x : chart.surface->bounds.width - frame.right(), 0, 1.0);
     for (const VELRect& label : shownLabels(*chart.y))
-      EXPECT_GE(side == VELAxisAlignment_Left ? label.x - frame.right() : frame.x - label.right(), 6 - 1e-3);
+      EXPECT_GE(isLeft ? label.x - frame.right() : frame.x - label.right(), 6 - 1e-3);
     chart.y->setAxisTitle(std::string(500, 'W'));
     chart.drawUntilStable();
     EXPECT_FALSE(title.isHidden());
@@ -148,9 +141,8 @@ TEST(AxisPanel, TitlesRunAlongTheirAxisAndTakeRoomOnlyWhenThereIsOne) {
 }
 
 TEST(LabelCulling, KeepsEvenStridesAndTheSameMajorsWhilePanned) {
-  EXPECT_EQ(VELLabelPriority(0), 31);
-  EXPECT_EQ(VELLabelPriority(-12), 2);
-  EXPECT_EQ(VELLabelPriority(7), 0);
+  for (const auto& [index, priority] : {std::pair{0, 31}, {-12, 2}, {7, 0}})
+    EXPECT_EQ(VELLabelPriority(index), priority);
   for (int32_t first = -9; first <= 9; ++first) {
     std::vector<VELLabelExtent> labels(9);
     for (int32_t i = 0; i < 9; ++i) labels[static_cast<size_t>(i)] = {i * 20.0, 30.0, first + i, true};
@@ -161,7 +153,7 @@ TEST(LabelCulling, KeepsEvenStridesAndTheSameMajorsWhilePanned) {
   VELCullLabels(huge, 4);
   EXPECT_TRUE(huge[0].isShown && !huge[1].isShown && !huge[2].isShown) << "one is kept";
   VELCullLabels({}, 4);
-  std::vector<VELLabelExtent> nan = {{std::nan(""), 10, 1, true}, {3, 10, 2, true}};
+  std::vector<VELLabelExtent> nan = {{kNaN, 10, 1, true}, {3, 10, 2, true}};
   VELCullLabels(nan, 4);
   EXPECT_EQ(std::count_if(nan.begin(), nan.end(), [](const auto& l) { return l.isShown; }), 1);
 }
@@ -170,12 +162,10 @@ TEST(AxisArea, StacksItsAxesOutwardsFromTheChartFrame) {
   FakeChart chart({640, 360});
   const auto second = std::make_shared<VELNumericAxis>();
   second->setIsXAxis(false);
-  second->setAxisId("second");
   second->setAxisAlignment(VELAxisAlignment_Left);
   second->setParentSurface(chart.surface);
   chart.surface->ys.addItem(second);
-  chart.vertical->insertItem(second, 0);
-  chart.vertical->insertItem(second, 0);
+  for (int time = 0; time < 2; ++time) chart.vertical->insertItem(second, 0);
   chart.vertical->addItem(nullptr);
   chart.vertical->insertItem(std::make_shared<VELNumericAxis>(), 9);
   ASSERT_EQ(chart.vertical->count(), 2);
@@ -187,7 +177,6 @@ TEST(AxisArea, StacksItsAxesOutwardsFromTheChartFrame) {
   EXPECT_EQ(outer.right() + 10, inner.x) << "the inner title does not touch the outer ticks";
   EXPECT_EQ(outer.x, 0);
   EXPECT_EQ(inner.height, chart.surface->frame.height);
-  EXPECT_EQ(chart.y->getAxisOffset(), 0);
   EXPECT_TRUE(chart.y->isPointWithinBounds({inner.x, inner.y}));
   EXPECT_FALSE(chart.y->isPointWithinBounds({inner.right() + 1, inner.y}));
   EXPECT_FALSE(chart.vertical->needResizing());
@@ -199,9 +188,8 @@ TEST(AxisArea, StacksItsAxesOutwardsFromTheChartFrame) {
   EXPECT_EQ(chart.y->getAxisOffset(), 7);
   EXPECT_EQ(chart.x->getAxisOffset(), 0);
   chart.draw();
-  const auto marks = chart.context.of(chart.y->style().majorTickPen().get());
   const auto lines = chart.context.of(chart.y->style().majorGridLinePen().get());
-  EXPECT_EQ(marks[1].y1, lines[1].y1);
+  EXPECT_EQ(chart.context.of(chart.y->style().majorTickPen().get())[1].y1, lines[1].y1);
   const auto base = chart.context.of(second->style().majorTickPen().get()).front();
   EXPECT_EQ(base.x1, base.x2);
   EXPECT_EQ(base.x1, second->axisPanel()->frameInChart().right() - 0.5)
@@ -213,8 +201,7 @@ TEST(AxisArea, StacksItsAxesOutwardsFromTheChartFrame) {
   EXPECT_TRUE(chart.vertical->needResizing());
 
   chart.vertical->removeItem(chart.y);
-  EXPECT_EQ(chart.vertical->itemAt(0), second);
-  EXPECT_EQ(chart.vertical->itemAt(1), nullptr);
+  EXPECT_TRUE(chart.vertical->itemAt(0) == second && !chart.vertical->itemAt(1));
   EXPECT_EQ(chart.y->axisPanel()->superview(), nullptr);
   EXPECT_EQ(chart.y->getAxisSize(), chart.surface->frame.height) << "without an area the chart frame counts";
   chart.vertical->clear();

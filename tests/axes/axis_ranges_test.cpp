@@ -1,33 +1,8 @@
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <vector>
-
-#include "fake_chart.h"
+#include "tests/axes/fake_chart.h"
 #include "velmora/surface/render_pass_info.h"
 
-namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
-
-struct Chart : FakeChart {
-  FakeSeries& add(const VELRangePtr& xRange, const VELRangePtr& yRange = nullptr) {
-    surface->series.push_back(std::make_shared<FakeSeries>());
-    surface->series.back()->xRange = xRange;
-    surface->series.back()->yRange = [yRange](const VELRange&, bool) { return yRange; };
-    return *surface->series.back();
-  }
-};
-
-void expectRange(const VELRangePtr& range, double min, double max) {
-  ASSERT_NE(range, nullptr);
-  EXPECT_DOUBLE_EQ(range->minAsDouble(), min);
-  EXPECT_DOUBLE_EQ(range->maxAsDouble(), max);
-}
-
 TEST(AxisRanges, TheMaximumXRangeCoversTheSeriesThatCount) {
-  Chart chart;
+  FakeChart chart;
   EXPECT_EQ(chart.x->getDataRange(), nullptr);
   expectRange(chart.x->getMaximumRange(), 0, 10);
 
@@ -38,11 +13,12 @@ TEST(AxisRanges, TheMaximumXRangeCoversTheSeriesThatCount) {
   chart.add(doubles(-100, 100)).visible = false;
   chart.add(doubles(-100, 100)).data = nullptr;
   chart.add(doubles(-100, 100)).xId = "other";
-  chart.add(nullptr);
-  chart.add(std::make_shared<VELDoubleRange>());   // undefined and inverted: no data, not all data
-  chart.add(std::make_shared<VELIntegerRange>());  // the same
-  chart.add(doubles(kNaN, 100));
-  chart.add(doubles(-kInf, 100));
+  // The new ranges are undefined and inverted: no data, not all data.
+  const VELRangePtr newDoubles = std::make_shared<VELDoubleRange>(),
+                    newIntegers = std::make_shared<VELIntegerRange>();
+  for (const VELRangePtr& none :
+       {newDoubles, newIntegers, doubles(kNaN, 100), doubles(-kInf, 100), VELRangePtr()})
+    chart.add(none);
   expectRange(chart.x->getMaximumRange(), -2, 7);
   chart.x->setGrowBy(doubles(0.1, 1));
   expectRange(chart.x->getMaximumRange(), -2.9, 16);
@@ -51,7 +27,7 @@ TEST(AxisRanges, TheMaximumXRangeCoversTheSeriesThatCount) {
 }
 
 TEST(AxisRanges, TheYRangeIsThatOfTheDataInsideTheXWindow) {
-  Chart chart;
+  FakeChart chart;
   std::vector<VELDoubleRange> asked;
   FakeSeries& a = chart.add(doubles(0, 100));
   a.yRange = [&asked](const VELRange& window, bool positive) {
@@ -81,5 +57,3 @@ TEST(AxisRanges, TheYRangeIsThatOfTheDataInsideTheXWindow) {
   chart.y->setVisibleRange(nullptr);
   expectRange(chart.y->getMaximumRange(), 0, 10);
 }
-
-}  // namespace

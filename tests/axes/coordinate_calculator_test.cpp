@@ -1,68 +1,46 @@
 #include "velmora/axes/coordinate_calculator.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <memory>
-#include <vector>
-
+#include "tests/axes/tick_lists.h"
 #include "velmora/axes/calculator_stage.h"
 #include "velmora/axes/coordinate_calculator_factory.h"
-#include "velmora/platform/exception.h"
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 VELAxisParams paramsOf(double size, double min, double max, bool isX, bool flip = false, double logBase = 0) {
   VELAxisParams params;
   params.size = size;
-  params.visibleMin = min;
-  params.visibleMax = max;
-  params.isXAxis = isX;
-  params.isHorizontal = isX;
+  params.visibleMin = min, params.visibleMax = max;
+  params.isXAxis = params.isHorizontal = isX;
   params.flipCoordinates = flip;
   params.isLogarithmicAxis = logBase > 0.0;
   params.logarithmicBase = logBase;
   return params;
 }
 
+// A negative logarithmic range follows the magnitudes: its minimum has the larger one.
 TEST(CoordinateCalculator, EachKindOfAxisPutsValuesWhereItSays) {
-  struct Row {
-    VELAxisParams params;
-    double offset, value, pixel;
-  };
-  const std::vector<Row> rows = {
-      {paramsOf(101, 0, 100, false), 0, 100, 0},
-      {paramsOf(101, 0, 100, false), 0, 0, 100},
-      {paramsOf(101, 0, 100, false), 0, 50, 50},
-      {paramsOf(101, 0, 100, true), 0, 0, 0},
-      {paramsOf(101, 0, 100, true), 0, 100, 100},
-      {paramsOf(101, 0, 100, true), 10, 0, 10},
-      {paramsOf(101, 0, 100, true, true), 0, 100, 0},
-      {paramsOf(101, 0, 100, false, true), 0, 0, 0},
-      {paramsOf(101, -1, 1, false), 5, -1, 105},
-      {paramsOf(301, 1, 1000, true, false, 10), 0, 10, 100},
-      {paramsOf(301, 1, 1000, true, false, 10), 0, 100, 200},
-      {paramsOf(301, 1, 1000, false, false, 10), 0, 1000, 0},
-      {paramsOf(301, 1, 1000, false, true, 10), 7, 1, 7},
-      {paramsOf(301, 1, 1000, true, true, 10), 0, 1000, 0},
-      // A negative range follows the magnitudes: its minimum has the larger one.
-      {paramsOf(301, -1000, -1, true, false, 10), 0, -1000, 0},
-      {paramsOf(301, -1000, -1, true, false, 10), 0, -10, 200},
-  };
-  for (size_t i = 0; i < rows.size(); ++i) {
-    const Row& row = rows[i];
-    VELAxisParams params = row.params;
+  enum Place { Y, X, FlippedY, FlippedX };
+  const struct {
+    Place place;
+    double min, max, logBase, offset, value, pixel;
+  } rows[] = {
+      {Y, 0, 100, 0, 0, 100, 0},        {Y, 0, 100, 0, 0, 0, 100},           {Y, 0, 100, 0, 0, 50, 50},
+      {X, 0, 100, 0, 0, 0, 0},          {X, 0, 100, 0, 0, 100, 100},         {X, 0, 100, 0, 10, 0, 10},
+      {FlippedX, 0, 100, 0, 0, 100, 0}, {FlippedY, 0, 100, 0, 0, 0, 0},      {Y, -1, 1, 0, 5, -1, 105},
+      {X, 1, 1000, 10, 0, 10, 100},     {X, 1, 1000, 10, 0, 100, 200},       {Y, 1, 1000, 10, 0, 1000, 0},
+      {FlippedY, 1, 1000, 10, 7, 1, 7}, {FlippedX, 1, 1000, 10, 0, 1000, 0}, {X, -1000, -1, 10, 0, -1000, 0},
+      {X, -1000, -1, 10, 0, -10, 200}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(&row - rows);
+    VELAxisParams params = paramsOf(row.logBase > 0 ? 301 : 101, row.min, row.max, row.place % 2 != 0,
+                                    row.place >= FlippedY, row.logBase);
     params.offset = row.offset;
     const auto calculator = VELCoordinateCalculatorFactory::getInstance(params);
     // Logarithms round; the linear forms are exact here.
     const double tolerance = params.isLogarithmicAxis ? 1e-9 : 0.0;
-    EXPECT_NEAR(calculator->getCoordinateFrom(row.value), row.pixel, tolerance) << i;
-    EXPECT_NEAR(calculator->getDataValueFrom(row.pixel), row.value, tolerance * 100) << i;
-    EXPECT_EQ(calculator->getCoordinateFromDate(VELDate(row.value)),
-              calculator->getCoordinateFrom(row.value));
+    EXPECT_NEAR(calculator->getCoordinateFrom(row.value), row.pixel, tolerance);
+    EXPECT_NEAR(calculator->getDataValueFrom(row.pixel), row.value, tolerance * 100);
+    EXPECT_NEAR(calculator->getCoordinateFromDate(VELDate(row.value)), row.pixel, tolerance);
     EXPECT_EQ(calculator->isXAxisCalculator(), params.isXAxis);
     EXPECT_EQ(calculator->isHorizontalAxisCalculator(), params.isHorizontal);
     EXPECT_EQ(calculator->hasFlippedCoordinates(), params.flipCoordinates);
@@ -77,15 +55,15 @@ TEST(CoordinateCalculator, ADirectionMakesHorizontalXAxesAndUprightOthers) {
   VELFlippedDoubleCoordinateCalculator flipped(101, 0, 100, VELDirection2D_X, true);
   VELLogarithmicDoubleCoordinateCalculator x(301, 1, 1000, 10, VELDirection2D_X, false),
       y(301, 1, 1000, 10, VELDirection2D_Y, true);
-  struct Row {
+  const struct {
     const VELCoordinateCalculator& calculator;
     double value, pixel;
     bool isX, isFlipped;
-  };
-  for (const Row& row : std::vector<Row>{{plain, 90, 10, false, false},
-                                         {flipped, 90, 90, true, true},
-                                         {x, 10, 100, true, false},
-                                         {y, 10, 100, false, true}}) {
+  } rows[] = {{plain, 90, 10, false, false},
+              {flipped, 90, 90, true, true},
+              {x, 10, 100, true, false},
+              {y, 10, 100, false, true}};
+  for (const auto& row : rows) {
     EXPECT_NEAR(row.calculator.getCoordinateFrom(row.value), row.pixel, 1e-9);
     EXPECT_EQ(row.calculator.isXAxisCalculator(), row.isX);
     EXPECT_EQ(row.calculator.isHorizontalAxisCalculator(), row.isX);
@@ -100,15 +78,10 @@ TEST(CoordinateCalculator, ADirectionMakesHorizontalXAxesAndUprightOthers) {
 }
 
 TEST(CoordinateCalculator, HelperAndStageComputeTheSameBitsAsTheCalculator) {
-  const std::vector<VELAxisParams> kinds = {
-      paramsOf(733, -3.7, 19.1, false),
-      paramsOf(733, -3.7, 19.1, true),
-      paramsOf(733, 0.3, 191, true, false, 2),
-      paramsOf(733, 0.3, 191, true, true, 10),
-      paramsOf(733, 5, 5, true),  // no width: infinities and NaN must agree as well
-  };
-  const std::vector<double> values = {-5, -0.0, 0.1, 5, 17.3, 1e300, -1e300, INFINITY, kNaN};
-  for (const VELAxisParams& params : kinds) {
+  // The last has no width: infinities and NaN must agree as well.
+  for (const VELAxisParams& params : {paramsOf(733, -3.7, 19.1, false), paramsOf(733, -3.7, 19.1, true),
+                                      paramsOf(733, 0.3, 191, true, false, 2),
+                                      paramsOf(733, 0.3, 191, true, true, 10), paramsOf(733, 5, 5, true)}) {
     const auto calculator = VELCoordinateCalculatorFactory::getInstance(params);
     const VELCalculatorHelper before = calculator->getCalculatorHelper();
     const double kept = before.function(before.info, 1.0);
@@ -118,14 +91,10 @@ TEST(CoordinateCalculator, HelperAndStageComputeTheSameBitsAsTheCalculator) {
     int stages = 0;
     VELWithCalculatorStage(helper, [&](auto stage) {
       ++stages;
-      for (const double value : values) {
+      for (const double value : {-5.0, -0.0, 0.1, 5.0, 17.3, 1e300, -1e300, kInf, kNaN}) {
         const double expected = calculator->getCoordinateFrom(value);
-        if (std::isnan(expected)) {
-          EXPECT_TRUE(std::isnan(stage(value)) && std::isnan(helper.function(helper.info, value)));
-          continue;
-        }
-        EXPECT_EQ(stage(value), expected);
-        EXPECT_EQ(helper.function(helper.info, value), expected);
+        for (const double same : {stage(value), helper.function(helper.info, value)})
+          EXPECT_TRUE(same == expected || (std::isnan(same) && std::isnan(expected))) << value;
       }
     });
     EXPECT_EQ(stages, 1);
@@ -142,34 +111,21 @@ TEST(CoordinateCalculator, HelperAndStageComputeTheSameBitsAsTheCalculator) {
 TEST(CoordinateCalculator, RangesMoveByPixelsAndGrowByFractions) {
   const VELDoubleRange input(20, 40);
   // An X axis pulled to the right shows smaller values; a Y axis pulled downwards does so as well.
-  const auto x = VELCoordinateCalculatorFactory::getInstance(paramsOf(101, 0, 100, true));
-  EXPECT_TRUE(x->translateByPixels(10, input)->equals(VELDoubleRange(10, 30)));
-  const auto y = VELCoordinateCalculatorFactory::getInstance(paramsOf(101, 0, 100, false));
-  EXPECT_TRUE(y->translateByPixels(10, input)->equals(VELDoubleRange(10, 30)));
-  EXPECT_TRUE(x->translateByPixels(0, input)->equals(input));
-  EXPECT_TRUE(x->translateByMinFraction(0.5, 0.25, input)->equals(VELDoubleRange(10, 45)));
-  EXPECT_TRUE(input.equals(VELDoubleRange(20, 40)));
+  for (const bool isX : {true, false}) {
+    const auto calculator = VELCoordinateCalculatorFactory::getInstance(paramsOf(101, 0, 100, isX));
+    EXPECT_TRUE(calculator->translateByPixels(10, input)->equals(VELDoubleRange(10, 30)));
+    EXPECT_TRUE(calculator->translateByPixels(0, input)->equals(input));
+    EXPECT_TRUE(calculator->translateByMinFraction(0.5, 0.25, input)->equals(VELDoubleRange(10, 45)));
+  }
 
   const auto log = VELCoordinateCalculatorFactory::getInstance(paramsOf(301, 1, 1000, true, false, 10));
-  const auto unmoved = log->translateByPixels(0, input);
-  EXPECT_NEAR(unmoved->minAsDouble(), 1, 1e-12);
-  EXPECT_NEAR(unmoved->maxAsDouble(), 1000, 1e-9);
-  EXPECT_NEAR(log->translateByPixels(-100, input)->maxAsDouble(), 10000, 1e-7);
-  const auto grown = log->translateByMinFraction(1, 0, VELDoubleRange(10, 100));
-  EXPECT_NEAR(grown->minAsDouble(), 1, 1e-12);
-  EXPECT_NEAR(grown->maxAsDouble(), 100, 1e-12);
+  expectRange(log->translateByPixels(0, input), 1, 1000);
+  expectRange(log->translateByPixels(-100, input), 10, 10000);
+  expectRange(log->translateByMinFraction(1, 0, VELDoubleRange(10, 100)), 1, 100);
 }
 
 TEST(CoordinateCalculator, MisuseIsNamed) {
   const VELCoordinateCalculatorBase base;
-  const auto reasonOf = [](auto call) -> std::string {
-    try {
-      call();
-    } catch (const VELInternalInconsistencyException& e) {
-      return e.what();
-    }
-    return "nothing";
-  };
   EXPECT_EQ(reasonOf([&] { base.getCoordinateFrom(1); }),
             "You must override getCoordinateFrom: in a subclass");
   EXPECT_EQ(reasonOf([&] { base.getCoordinateFromDate(VELDate()); }),
@@ -191,7 +147,7 @@ TEST(AxisParams, AreNeverEqualWithoutAPointRange) {
   EXPECT_TRUE(a.equals(b));
   b.offset = 3;
   b.isPolarAxis = true;
-  EXPECT_TRUE(a.equals(b));
+  EXPECT_TRUE(a.equals(b)) << "neither counts";
   b.barTimeFrame = 1;
   EXPECT_FALSE(a.equals(b));
   b.barTimeFrame = a.barTimeFrame = kNaN;

@@ -1,22 +1,10 @@
 // axes/date_label_test.cpp: moments as labels, and categories by their values.
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <memory>
-#include <string>
-#include <vector>
-
-#include "tests/axes/fake_chart.h"
+#include "tests/axes/axis_kinds.h"
 #include "tests/support/allocation_counter.h"
-#include "velmora/axes/category_date_time_axis.h"
-#include "velmora/axes/category_numeric_axis.h"
-#include "velmora/axes/date_time_axis.h"
 #include "velmora/axes/date_time_label_provider.h"
-#include "velmora/platform/exception.h"
 
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kLeapDay2024 = 1709164800.0;     // 2024-02-29 00:00 UTC
 constexpr double kClocksGoOn2024 = 1711846800.0;  // 2024-03-31 01:00 UTC, in Berlin 03:00
 constexpr double kClocksGoBack2024 = 1729990800.0;
@@ -88,29 +76,9 @@ TEST(DateLabels, EveryChangeOfTheAxisShowsAtOnceAndAWrongOneLeavesTheOld) {
 TEST(DateLabels, BelongToDateAxesAlone) {
   const auto axis = std::make_shared<VELCategoryDateTimeAxis>();
   axis->setLabelProvider(std::make_shared<VELDateTimeLabelProvider>());
-  try {
-    axis->formatCursorText(0.0);
-    ADD_FAILURE();
-  } catch (const VELInternalInconsistencyException& exception) {
-    EXPECT_STREQ(exception.what(), "VELDateTimeLabelFormatter is only valid on instances of VELDateTimeAxis");
-  }
+  EXPECT_EQ(reasonOf<VELInternalInconsistencyException>([&] { axis->formatCursorText(0.0); }),
+            "VELDateTimeLabelFormatter is only valid on instances of VELDateTimeAxis");
 }
-
-/// A category axis with one series of its categories.
-template <class Axis>
-struct Categories {
-  std::shared_ptr<FakeSurface> surface = std::make_shared<FakeSurface>();
-  std::shared_ptr<Axis> axis = std::make_shared<Axis>();
-
-  template <class Value>
-  explicit Categories(VELDataType type, const std::vector<Value>& values) {
-    const auto data = VELXyDataSeries::initWithCategoryXType(type, VELDataType_Double);
-    for (const Value value : values) data->appendX(value, 1.0);
-    surface->series.push_back(std::make_shared<FakeSeries>());
-    surface->series[0]->data = data;
-    axis->setParentSurface(surface);
-  }
-};
 
 std::vector<VELDate> datesOf(const std::vector<double>& seconds) { return {seconds.begin(), seconds.end()}; }
 
@@ -133,31 +101,26 @@ TEST(CategoryLabels, OfDatesFollowTheCategoriesInView) {
       {{}, 0.0, 1.0, ""},
   };
   for (const auto& row : rows) {
-    const Categories<VELCategoryDateTimeAxis> chart(VELDataType_DateTime, datesOf(row.dates));
-    chart.axis->setTimeZone("UTC");
-    chart.axis->setLocale("en_US");
-    chart.axis->setVisibleRange(doubles(row.min, row.max));
+    OneAxisChart chart(kCategoryDates);
+    chart.addCategories(VELDataType_DateTime, datesOf(row.dates));
+    dynamic_cast<VELCategoryDateTimeAxis&>(*chart.axis).setTimeZone("UTC");
+    dynamic_cast<VELCategoryDateTimeAxis&>(*chart.axis).setLocale("en_US");
+    chart.show(row.min, row.max);
     EXPECT_EQ(chart.axis->formatText(VELDate(first)), row.text) << row.min << ' ' << row.max;
   }
 }
 
 TEST(CategoryLabels, OfCursorsGetAnIndexAndThoseOfTicksAValue) {
-  const Categories<VELCategoryDateTimeAxis> dates(VELDataType_DateTime, datesOf({0.0, 5e6}));
-  const Categories<VELCategoryNumericAxis> numbers(VELDataType_Double, std::vector<double>{2.5, 1e6});
-  dates.axis->setTimeZone("UTC");
-  const struct {
-    double index;
-    const char *date, *number;
-  } rows[] = {{0.6, "1970-02-27", "1e+06"},
-              {-0.4, "1970-01-01", "2.5"},
-              {2.0, "", ""},
-              {-1.0, "", ""},
-              {kNaN, "", ""},
-              {1e300, "", ""}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(dates.axis->formatCursorText(row.index), row.date) << row.index;
-    EXPECT_EQ(numbers.axis->formatCursorText(row.index), row.number) << row.index;
-  }
+  OneAxisChart dates(kCategoryDates), numbers(kCategory);
+  dates.addCategories(VELDataType_DateTime, datesOf({0.0, 5e6}));
+  numbers.addCategories(VELDataType_Double, std::vector<double>{2.5, 1e6});
+  dynamic_cast<VELCategoryDateTimeAxis&>(*dates.axis).setTimeZone("UTC");
+  const auto cursorTexts = [&](double index) {
+    return dates.axis->formatCursorText(index) + " " + numbers.axis->formatCursorText(index);
+  };
+  EXPECT_EQ(cursorTexts(0.6), "1970-02-27 1e+06");
+  EXPECT_EQ(cursorTexts(-0.4), "1970-01-01 2.5");
+  for (const double none : {2.0, -1.0, kNaN, 1e300}) EXPECT_EQ(cursorTexts(none), " ") << none;
   dates.axis->setTextFormatting("dd.MM.");
   EXPECT_EQ(dates.axis->formatText(VELDate(0.0)), "01.01.");
   EXPECT_EQ(dates.axis->formatCursorText(1), "27.02.") << "the pattern that was used last";

@@ -2,11 +2,8 @@
 #pragma once
 
 #include <functional>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
 
+#include "tests/axes/tick_lists.h"
 #include "tests/support/recording_context.h"
 #include "velmora/axes/axis_area.h"
 #include "velmora/axes/axis_collection.h"
@@ -117,6 +114,15 @@ struct FakeChart {
     horizontal->addItem(x);
     vertical->addItem(y);
     layOut(50.0, 50.0);
+  }
+
+  FakeSeries& add(const VELRangePtr& xRange, const VELRangePtr& yRange = nullptr) {
+    surface->series.push_back(std::make_shared<FakeSeries>());
+    surface->series.back()->xRange = xRange;
+    surface->series.back()->yRange = [yRange](const VELRange&, bool positive) {
+      return positive && yRange && yRange->minAsDouble() <= 0 ? nullptr : yRange;
+    };
+    return *surface->series.back();
   }
 
   void layOut(double depthOfX, double depthOfY) {

@@ -1,11 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <memory>
-#include <string>
-#include <vector>
-
+#include "tests/axes/tick_lists.h"
 #include "tests/support/allocation_counter.h"
 #include "velmora/axes/default_tick_label.h"
 #include "velmora/axes/logarithmic_numeric_axis.h"
@@ -13,35 +6,22 @@
 #include "velmora/axes/numeric_label_provider.h"
 #include "velmora/axes/object_pool.h"
 #include "velmora/axes/text_formatting_style.h"
-#include "velmora/platform/exception.h"
 #include "velmora/platform/number_formatter.h"
 
-namespace {
-
 TEST(NumberFormat, OnlyOneFloatingPointConversionReachesPrintf) {
-  struct Row {
-    std::string format;
-    bool isUsed;
-    std::string text;  ///< of 1234.5
-  };
-  for (const Row& row : std::vector<Row>{
-           {"%.1f mV", true, "1234.5 mV"},
-           {"100%% of %g", true, "100% of 1234.5"},
-           {"%-9.0f|", true, "1234     |"},
-           {"%.100f", true, std::string("1234.5") + std::string(99, '0')},
-           {"", false, "1234.5"},
-           {"%s", false, "1234.5"},
-           {"%n", false, "1234.5"},
-           {"%f %f", false, "1234.5"},
-           {"%*f", false, "1234.5"},
-           {"%Lf", false, "1234.5"},
-           {"%1$f", false, "1234.5"},
-           {"%", false, "1234.5"},
-           {"%99999f", false, "1234.5"},
-           {std::string("%f\0%n", 5), false, "1234.5"},
-       }) {
-    EXPECT_EQ(VELIsNumberFormat(row.format), row.isUsed) << row.format;
-    EXPECT_EQ(VELFormatNumber(1234.5, row.format), row.text) << row.format;
+  const std::pair<std::string, std::string> used[] = {{"%.1f mV", "1234.5 mV"},
+                                                      {"100%% of %g", "100% of 1234.5"},
+                                                      {"%-9.0f|", "1234     |"},
+                                                      {"%.100f", "1234.5" + std::string(99, '0')}};
+  for (const auto& [format, text] : used) {
+    EXPECT_TRUE(VELIsNumberFormat(format)) << format;
+    EXPECT_EQ(VELFormatNumber(1234.5, format), text);
+  }
+  const std::string_view unused[] = {"",    "%s",   "%n", "%f %f",   "%*f",
+                                     "%Lf", "%1$f", "%",  "%99999f", {"%f\0mV", 5}};
+  for (const std::string_view format : unused) {
+    EXPECT_FALSE(VELIsNumberFormat(format)) << format;
+    EXPECT_EQ(VELFormatNumber(1234.5, format), "1234.5") << format;
   }
 }
 
@@ -50,7 +30,7 @@ TEST(NumericLabels, FollowTheAxisInThisOrderFormatFormatterG) {
   EXPECT_EQ(axis->formatText(1234567.0), "1.23457e+06");
   EXPECT_EQ(axis->formatText(0.1 + 0.2), "0.3");
   EXPECT_EQ(axis->formatText(VELGenericType(int16_t{-7})), "-7");
-  EXPECT_EQ(axis->formatText(std::numeric_limits<double>::quiet_NaN()).substr(0, 3), "nan");
+  EXPECT_EQ(axis->formatText(kNaN).substr(0, 3), "nan");
   EXPECT_EQ(axis->formatCursorText(2.5), "2.5");
 
   const auto formatter = std::make_shared<VELNumberFormatter>("en_US");
@@ -91,24 +71,15 @@ TEST(TickLabels, WithoutAStyleAreGreenAndShowNothing) {
 }
 
 TEST(TickLabels, IntersectWhenTheyShareMoreThanAnEdgeInSinglePrecision) {
-  struct Row {
-    VELRect frame;
-    bool intersects;
-  };
   const VELDefaultTickLabel label({10, 10, 30, 10});
-  for (const Row& row : {Row{{39, 19, 5, 5}, true}, Row{{40, 10, 5, 5}, false}, Row{{10, 20, 5, 5}, false},
-                         Row{{20, 12, 2, 2}, true}, Row{{5, 5, 5, 20}, false}, Row{{39, 30, 5, 5}, false},
-                         Row{{40 - 1e-9, 10, 5, 5}, false}}) {
-    const VELDefaultTickLabel next(row.frame);
-    EXPECT_EQ(label.hasIntersectionWithNext(next), row.intersects) << row.frame.x;
-    EXPECT_EQ(next.hasIntersectionWithNext(label), row.intersects) << row.frame.x;
+  const std::pair<VELRect, bool> rows[] = {
+      {{39, 19, 5, 5}, true}, {{40, 10, 5, 5}, false}, {{10, 20, 5, 5}, false},       {{20, 12, 2, 2}, true},
+      {{5, 5, 5, 20}, false}, {{39, 30, 5, 5}, false}, {{40 - 1e-9, 10, 5, 5}, false}};
+  for (const auto& [frame, intersects] : rows) {
+    const VELDefaultTickLabel next(frame);
+    EXPECT_EQ(label.hasIntersectionWithNext(next), intersects) << frame.x;
+    EXPECT_EQ(next.hasIntersectionWithNext(label), intersects) << frame.x;
   }
-}
-
-std::shared_ptr<VELLogarithmicNumericAxis> axisOfBase(double base) {
-  auto axis = std::make_shared<VELLogarithmicNumericAxis>();
-  axis->setLogarithmicBase(base);
-  return axis;
 }
 
 TEST(PowerLabels, EveryPowerReadsAsAWholeOneAndWhatIsNoneAsTheNumber) {
@@ -122,7 +93,7 @@ TEST(PowerLabels, EveryPowerReadsAsAWholeOneAndWhatIsNoneAsTheNumber) {
       {0.5, 1.0, "1x0.50", "1x0.5 0"},
       {10.0, -1000.0, "-1000", "-1000"},
       {10.0, 0.0, "0", "0"},
-      {10.0, std::numeric_limits<double>::infinity(), "inf", "inf"},
+      {10.0, kInf, "inf", "inf"},
       {1.0, 5.0, "5", "5"},
       {2.0, std::numeric_limits<double>::max(), "1.79769e+308", "1.79769e+308"},  // 2^1024 is no double
   };
@@ -133,8 +104,9 @@ TEST(PowerLabels, EveryPowerReadsAsAWholeOneAndWhatIsNoneAsTheNumber) {
     rows.push_back({std::exp(1.0), std::exp(k), "1xe" + power, "1xE " + power});
   }
   VELDefaultTickLabel label;
+  const auto axis = std::make_shared<VELLogarithmicNumericAxis>();
   for (const Row& row : rows) {
-    const auto axis = axisOfBase(row.base);
+    axis->setLogarithmicBase(row.base);
     ASSERT_EQ(axis->formatText(row.value), row.text);
     axis->labelProvider()->updateDataContextWithContext(label, row.value, nullptr);
     ASSERT_EQ(label.text(), row.drawn);
@@ -143,7 +115,7 @@ TEST(PowerLabels, EveryPowerReadsAsAWholeOneAndWhatIsNoneAsTheNumber) {
 }
 
 TEST(PowerLabels, TheExponentStandsSmallAndRaisedInsideALabelThatHoldsIt) {
-  const auto axis = axisOfBase(10.0);
+  const auto axis = std::make_shared<VELLogarithmicNumericAxis>();
   const auto provider = axis->labelProvider();
   VELDefaultTickLabel label;
   VELTextEngine& engine = VELTextEngine::instance();
@@ -160,5 +132,3 @@ TEST(PowerLabels, TheExponentStandsSmallAndRaisedInsideALabelThatHoldsIt) {
     EXPECT_EQ(again.count(), 0);
   }
 }
-
-}  // namespace

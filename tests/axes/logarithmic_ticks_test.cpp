@@ -1,54 +1,30 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
 #include <numbers>
-#include <utility>
-#include <vector>
 
 #include "tests/axes/axis_kinds.h"
-#include "tests/axes/tick_lists.h"
 #include "velmora/axes/logarithmic_numeric_tick_provider.h"
-#include "velmora/data/ranges.h"
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
-
-struct Row {
-  double base, min, max, minor, major;
-  std::vector<double> majors;
-  size_t minors;
-};
 
 TEST(LogarithmicTicks, StandAtPowersAndAtEqualPartsBetweenThem) {
   constexpr double e = std::numbers::e;
   const auto power = [](double exponent) { return std::pow(10.0, exponent); };
-  for (const Row& row : std::vector<Row>{
-           {10, 1, 1000, 1, 1, {1, 10, 100, 1000}, 40},
-           {10, 2, 900, 1, 1, {1, 10, 100}, 32},
-           {10, -1000, -1, 1, 1, {-1000, -100, -10, -1}, 40},
-           {2, 0.25, 8, 0.2, 1, {0.25, 0.5, 1, 2, 4, 8}, 28},
-           {0.5, 0.25, 8, 0.2, 1, {0.25, 0.5, 1, 2, 4, 8}, 28},
-           {e, 1, std::exp(3.0), 1, 1, {1, e, e * e, e * e * e}, 5},
-           {10, 12, 20, 1, 0.1, {10, power(1.1), power(1.2), power(1.3)}, 0},
-           {10, 12, 1e9, 99, 3, {1e3, 1e6, 1e9}, 40},
-           {10, 1e-320, 1e308, 1e99, 100, {1e-300, 1e-200, 1e-100, 1, 1e100, 1e200, 1e300}, 54},
-           {10, 0, 100, 1, 1, {}, 0},
-           {10, -5, 100, 1, 1, {}, 0},
-           {1, 1, 100, 1, 1, {}, 0},
-           {kNaN, 1, 100, 1, 1, {}, 0},
-           {10, 1, kInf, 1, 1, {}, 0},
-           {10, -kInf, -1, 1, 1, {}, 0},
-           {10, kNaN, 10, 1, 1, {}, 0},
-           {10, 100, 1, 1, 1, {}, 0},
-           {10, 1, 100, 1, kNaN, {}, 0},
-           {10, 1, 100, 1, -1, {}, 0},
-           {10, 1, 100, kNaN, 1, {}, 0},
-       }) {
-    VELLogarithmicNumericTickProvider provider;
+  const struct {
+    double base, min, max, minor, major;
+    std::vector<double> majors;
+    size_t minors;
+  } rows[] = {
+      {10, 1, 1000, 1, 1, {1, 10, 100, 1000}, 40},
+      {10, 2, 900, 1, 1, {1, 10, 100}, 32},
+      {10, -1000, -1, 1, 1, {-1000, -100, -10, -1}, 40},
+      {2, 0.25, 8, 0.2, 1, {0.25, 0.5, 1, 2, 4, 8}, 28},
+      {0.5, 0.25, 8, 0.2, 1, {0.25, 0.5, 1, 2, 4, 8}, 28},
+      {e, 1, std::exp(3.0), 1, 1, {1, e, e * e, e * e * e}, 5},
+      {10, 12, 20, 1, 0.1, {10, power(1.1), power(1.2), power(1.3)}, 0},
+      {10, 12, 1e9, 99, 3, {1e3, 1e6, 1e9}, 40},
+      {10, 1e-320, 1e308, 1e99, 100, {1e-300, 1e-200, 1e-100, 1, 1e100, 1e200, 1e300}, 54},
+  };
+  VELLogarithmicNumericTickProvider provider;
+  for (const auto& row : rows) {
     provider.setLogarithmicBase(row.base);
     const VELDoubleRange range(row.min, row.max);
     const auto majors = listOf(provider.calculateMajorTicksWithRange(range, {row.minor, row.major}));
@@ -57,8 +33,20 @@ TEST(LogarithmicTicks, StandAtPowersAndAtEqualPartsBetweenThem) {
     for (size_t i = 0; i < majors.size(); ++i) EXPECT_NEAR(majors[i] / row.majors[i], 1.0, 1e-14);
     EXPECT_EQ(minors.size(), row.minors) << row.base << ": " << row.min << " to " << row.max;
   }
-  const auto parts =
-      VELLogarithmicNumericTickProvider().calculateMinorTicksWithRange(VELDoubleRange(1, 1), {1, 1});
+  // No base, an end without a power, the wrong way round, no step.
+  const double none[][5] = {{10, 0, 100, 1, 1},   {10, -5, 100, 1, 1},  {1, 1, 100, 1, 1},
+                            {kNaN, 1, 100, 1, 1}, {10, 1, kInf, 1, 1},  {10, -kInf, -1, 1, 1},
+                            {10, kNaN, 10, 1, 1}, {10, 100, 1, 1, 1},   {10, 1, 100, 1, kNaN},
+                            {10, 1, 100, 1, -1},  {10, 1, 100, kNaN, 1}};
+  for (const auto& [base, min, max, minor, major] : none) {
+    provider.setLogarithmicBase(base);
+    EXPECT_TRUE(
+        listOf(provider.calculateMajorTicksWithRange(VELDoubleRange(min, max), {minor, major})).empty());
+    EXPECT_TRUE(
+        listOf(provider.calculateMinorTicksWithRange(VELDoubleRange(min, max), {minor, major})).empty());
+  }
+  provider.setLogarithmicBase(10);
+  const auto parts = provider.calculateMinorTicksWithRange(VELDoubleRange(1, 1), {1, 1});
   const std::vector<double> digits = {0.9, 0.8, 0.7, 0.6, 0.5, 0.4, 0.3, 0.2, 9, 8, 7, 6, 5, 4, 3, 2};
   for (size_t i = 0; i < digits.size(); ++i) EXPECT_DOUBLE_EQ(listOf(parts).at(i), digits[i]);
 }

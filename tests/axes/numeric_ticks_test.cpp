@@ -1,49 +1,19 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <vector>
-
 #include "tests/axes/tick_lists.h"
 #include "velmora/axes/delta_calculator.h"
 #include "velmora/axes/nice_scale.h"
 #include "velmora/axes/numeric_tick_provider.h"
-#include "velmora/platform/exception.h"
-
-namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
-
-VELDoubleAxisDelta spacingFor(double min, double max, int32_t maxTicks = 10) {
-  VELNiceDoubleScale scale(min, max, 5, maxTicks);
-  scale.calculateDelta();
-  return scale.tickSpacing();
-}
 
 TEST(NiceScale, RoundsToOneTwoFive) {
-  struct Row {
+  const struct {
     double value;
     bool round;
     double nice;
-  };
-  for (const Row& row : std::vector<Row>{{7.3, false, 10},
-                                         {7.3, true, 10},
-                                         {0.45, true, 0.5},
-                                         {2.0, false, 2},
-                                         {2.9, true, 2},
-                                         {1000, false, 1000},
-                                         {1.49, true, 1},
-                                         {1.5, true, 2},
-                                         {6.99, true, 5},
-                                         {5.09, false, 5},
-                                         {5.1, false, 10},
-                                         {0.001, true, 0.001},
-                                         {1e308, false, 1e308},
-                                         {3e-200, true, 5e-200},
-                                         {0, true, 1}}) {
+  } rows[] = {{7.3, false, 10},      {7.3, true, 10},        {0.45, true, 0.5}, {2.0, false, 2},
+              {2.9, true, 2},        {1000, false, 1000},    {1.49, true, 1},   {1.5, true, 2},
+              {6.99, true, 5},       {5.09, false, 5},       {5.1, false, 10},  {0.001, true, 0.001},
+              {1e308, false, 1e308}, {3e-200, true, 5e-200}, {0, true, 1}};
+  for (const auto& row : rows)
     EXPECT_DOUBLE_EQ(VELNiceDoubleScale::niceNumWithRange(row.value, row.round), row.nice) << row.value;
-  }
 }
 
 TEST(NiceScale, StepsAndRangeOfAHundred) {
@@ -51,56 +21,54 @@ TEST(NiceScale, StepsAndRangeOfAHundred) {
   scale.calculateDelta();
   EXPECT_TRUE(scale.tickSpacing().equals(VELDoubleAxisDelta(2, 10)));
   EXPECT_TRUE(scale.niceRange().equals(VELDoubleRange(-10, 100)));
-  EXPECT_EQ(VELGenericDouble(spacingFor(0, 100, -7).majorDelta), 100);
+  for (const int32_t maxTicks : {-7, INT32_MIN}) {
+    VELNiceDoubleScale coarse(0, 100, 5, maxTicks);
+    coarse.calculateDelta();
+    EXPECT_EQ(VELGenericDouble(coarse.tickSpacing().majorDelta), 100) << "less than one tick counts as one";
+  }
 }
 
 TEST(NiceScale, RefusesToDivideAMajorIntoNothing) {
   EXPECT_NO_THROW(VELNiceDoubleScale(0, 1, 1, 10));
-  try {
-    const VELNiceDoubleScale scale(0, 1, 0, 10);
-    FAIL();
-  } catch (const VELInternalInconsistencyException& e) {
-    EXPECT_STREQ(e.what(), "Minors per major must be greater or equal to 2");
-  }
+  EXPECT_EQ(raisedBy([] { VELNiceDoubleScale(0, 1, 0, 10); }),
+            "VELInternalInconsistencyException: Minors per major must be greater or equal to 2");
   EXPECT_FALSE(VELNumericDeltaCalculator::instance().getDeltaFromRangeMin(kNaN, 1, 5, 10));
   EXPECT_FALSE(VELNumericDeltaCalculator::instance().getDeltaFromRangeMin(0, kNaN, 5, 10));
 }
 
 TEST(NumericTicks, StandAtTheMultiplesInsideTheRange) {
-  struct Row {
+  const struct {
     double min, max, minor, major;
     std::vector<double> majors;
     size_t minors;
-  };
-  for (const Row& row : std::vector<Row>{
-           {0.05, 1.0, 0.04, 0.2, {0.2, 0.4, 0.6, 0.8, 1.0}, 19},
-           {-0.3, 0.3, 0.02, 0.1, {-0.3, -0.2, -0.1, 0, 0.1, 0.2, 0.3}, 24},
-           {0, 1e-4, 2e-6, 1e-5, {0, 1e-5, 2e-5, 3e-5, 4e-5, 5e-5, 6e-5, 7e-5, 8e-5, 9e-5, 1e-4}, 40},
-           {6, 6, 0.4, 2, {6}, 0},
-           {6.1, 6.1, 0.4, 2, {}, 0},
-           {-0.05, 0.05, 0.02, 0.2, {0}, 4},
-           {0, 1e308, 2e306, 5e307, {0, 5e307, 1e308}, 48},
-           // 15 digits are all there are: so far out every minor counts as lying on a major.
-           {1e15, 1e15 + 4, 0.4, 2, {1e15, 1e15 + 2, 1e15 + 4}, 0},
-           {2, 1, 0.2, 1, {}, 0},
-           {kNaN, 1, 0.2, 1, {}, 0},
-           {0, kNaN, 0.2, 1, {}, 0},
-           {-kInf, kInf, 0.2, 1, {}, 0},
-           {0, 1, kNaN, 1, {}, 0},
-           {0, 1, 0.9e-13, 0.5, {}, 0},
-           {0, 1, 0.1, -0.5, {}, 8},
-       }) {
+  } rows[] = {{0.05, 1.0, 0.04, 0.2, {0.2, 0.4, 0.6, 0.8, 1.0}, 19},
+              {-0.3, 0.3, 0.02, 0.1, {-0.3, -0.2, -0.1, 0, 0.1, 0.2, 0.3}, 24},
+              {0, 1e-4, 2e-6, 1e-5, {0, 1e-5, 2e-5, 3e-5, 4e-5, 5e-5, 6e-5, 7e-5, 8e-5, 9e-5, 1e-4}, 40},
+              {0, 0.3 - 1e-12, 0.02, 0.1, {0, 0.1, 0.2, 0.3 - 1e-12}, 12},  // a hair below a tick
+              {6, 6, 0.4, 2, {6}, 0},
+              {6.1, 6.1, 0.4, 2, {}, 0},
+              {-0.05, 0.05, 0.02, 0.2, {0}, 4},
+              {0, 1e308, 2e306, 5e307, {0, 5e307, 1e308}, 48},
+              // 15 digits are all there are: so far out every minor counts as lying on a major.
+              {1e15, 1e15 + 4, 0.4, 2, {1e15, 1e15 + 2, 1e15 + 4}, 0},
+              {2, 1, 0.2, 1, {}, 0},
+              {kNaN, 1, 0.2, 1, {}, 0},
+              {0, kNaN, 0.2, 1, {}, 0},
+              {-kInf, kInf, 0.2, 1, {}, 0},
+              {0, 1, kNaN, 1, {}, 0},
+              {0, 1, 0.9e-13, 0.5, {}, 0},
+              {0, 1, 0.1, -0.5, {}, 8}};
+  for (const auto& row : rows) {
     VELNumericTickProvider provider;
     const VELDoubleAxisDelta delta(row.minor, row.major);
-    const auto majors =
-        listOf(provider.calculateMajorTicksWithRange(VELDoubleRange(row.min, row.max), delta));
+    const VELDoubleRange range(row.min, row.max);
+    const auto majors = listOf(provider.calculateMajorTicksWithRange(range, delta));
     ASSERT_EQ(majors.size(), row.majors.size()) << row.min << " to " << row.max;
     for (size_t i = 0; i < majors.size(); ++i) {
       EXPECT_DOUBLE_EQ(majors[i], row.majors[i]);
       EXPECT_FALSE(majors[i] == 0 && std::signbit(majors[i])) << "a label would read -0";
     }
-    const auto minors =
-        listOf(provider.calculateMinorTicksWithRange(VELDoubleRange(row.min, row.max), delta));
+    const auto minors = listOf(provider.calculateMinorTicksWithRange(range, delta));
     EXPECT_EQ(minors.size(), row.minors) << row.min << " to " << row.max;
   }
   const auto minors =
@@ -141,5 +109,3 @@ TEST(NumericTicks, AListHasAnEndAndIsUsedAgainWhenNobodyKeepsIt) {
       provider.calculateMinorTicksWithRange(VELDoubleRange(0, 1), {0.1, 0.5}).get();
   EXPECT_EQ(provider.calculateMinorTicksWithRange(VELDoubleRange(0, 2), {0.1, 0.5}).get(), memory);
 }
-
-}  // namespace

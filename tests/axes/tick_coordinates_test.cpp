@@ -1,14 +1,7 @@
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <vector>
-
 #include "tests/axes/axis_kinds.h"
 #include "velmora/axes/tick_coordinates_provider.h"
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 std::vector<double> kept(VELAxisBase& axis, const std::vector<double>& ticks) {
   axis.getCurrentCoordinateCalculator();

@@ -1,21 +1,11 @@
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
-#include <limits>
-#include <vector>
-
+#include "tests/axes/tick_lists.h"
 #include "velmora/axes/delta_calculator.h"
 #include "velmora/axes/time_span_delta_calculator.h"
 #include "velmora/axes/time_spans.h"
-#include "velmora/platform/exception.h"
 
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kDay = VELTimeSpans::SecInDay, kMonth = VELTimeSpans::SecInMonth,
-                 kYear = VELTimeSpans::SecInYear;
+constexpr double kDay = VELTimeSpans::SecInDay, kYear = VELTimeSpans::SecInYear;
 
 struct Row {
   double min, max;
@@ -43,11 +33,6 @@ TEST(TickSpacing, OfDatesComesFromTheTableAndBeyondItFromAScale) {
                              {5, 5, 5, 10, 0, 0},
                              {kNaN, 5, 5, 10, 0, 0},
                              {0, kInf, 5, 10, kInf, kInf}});
-  EXPECT_EQ(calculator._dateDeltas,
-            (std::array<double, 24>{1,       2,        5,        10,       30,        60,
-                                    120,     300,      600,      1800,     3600,      7200,
-                                    14400,   86400,    172800,   604800,   1209600,   2629746,
-                                    7889238, 15778476, 31556952, 63113904, 157784760, 315569520}));
   // A step belongs to the first span that it divides into fewer parts than ticks are allowed.
   for (size_t i = 2; i < calculator._dateDeltas.size(); ++i) {
     const double step = calculator._dateDeltas[i];
@@ -91,7 +76,7 @@ TEST(TickSpacing, TimeSpanScaleRoundsMantissasUpBeforeItChooses) {
   for (const double none : {0.0, -3.0, kNaN})
     EXPECT_TRUE(VELNiceTimeSpanScale(0, none, 4, 10).tickSpacing().equals(VELDoubleRange(0.25, 1)));
   const auto spacing = VELDateTimeDeltaCalculator::instance().getDeltaFromRangeMin(0, 200 * kDay, 5, 10);
-  EXPECT_TRUE(spacing->clone()->equals(VELTimeSpanDelta(7 * kDay, kMonth)));
+  EXPECT_TRUE(spacing->clone()->equals(VELTimeSpanDelta(7 * kDay, VELTimeSpans::SecInMonth)));
   EXPECT_FALSE(spacing->equals(VELTimeSpanDelta(7 * kDay, kYear)));
 }
 

@@ -1,9 +1,6 @@
 #include "velmora/data/array_controller_2d.h"
 
-#include <gtest/gtest.h>
-
-#include <utility>
-#include <vector>
+#include "tests/data/columns.h"
 
 TEST(Grid, AnElementStandsAtItsColumnInItsRow) {
   const auto grid = VELArrayController2D::initWithType(VELDataType_Int16, 3, 2);

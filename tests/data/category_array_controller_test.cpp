@@ -1,9 +1,5 @@
 #include "velmora/data/category_array_controller.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
 #include "tests/data/columns.h"
 
 // After every kind of change the stored values are those of a plain column and the view counts them.

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "tests/data/columns.h"
 #include "velmora/data/ohlc_point_series.h"
 #include "velmora/data/ranges.h"
@@ -13,7 +11,7 @@ TEST(CompositePointSeries, AllColumnsGrowAndEndTogether) {
   VELCompositePointSeries* const all[] = {&band, &prices, &bubbles};
   EXPECT_FALSE(prices.getYRange()->isDefined());
   band.addX(1.0, 5.0, -6.0, 10);
-  prices.addX(1.0, 3.0, std::nan(""), 2.0, 4.0, 10);
+  prices.addX(1.0, 3.0, kNaN, 2.0, 4.0, 10);
   bubbles.addX(1.0, 3.0, 900.0, 10);
   EXPECT_TRUE(band.getYRange()->equals(VELDoubleRange(-6.0, 5.0)));
   EXPECT_TRUE(prices.getYRange()->equals(VELDoubleRange(2.0, 4.0)));
@@ -29,18 +27,18 @@ TEST(CompositePointSeries, AllColumnsGrowAndEndTogether) {
   EXPECT_TRUE(std::isnan(bubbles.zSpan()[1]));
   prices.highValues()->removeAt(1);
   EXPECT_EQ(prices.lowSpan().size(), 1u);
-  for (VELCompositePointSeries* series : all) {
-    series->clear();
-    EXPECT_EQ(series->count(), 0);
-  }
+  for (VELCompositePointSeries* series : all) series->clear();
+  for (const auto& last : {band.y2Values(), prices.openValues(), bubbles.zValues()})
+    EXPECT_TRUE(last->isEmpty());
 }
 
 TEST(CompositePointSeries, PartsThatDoNotShareTheirPointsAreRefused) {
-  const auto of = [](Values values) { return column(VELDataType_Double, values); };
+  const auto of = [](Values values) { return column(kDouble, values); };
   const auto x = of({1, 2}), y = of({3, 4}), indices = column(VELDataType_Int32, {0, 1});
   const auto make = [](auto a, auto b, auto c) { return std::make_shared<VELPointSeries>(a, b, c); };
   const auto good = make(x, y, indices);
-  EXPECT_EQ(values(*VELXyzPointSeries(good, make(x, of({5, 6}), indices)).zValues()), (Values{5, 6}));
+  const auto alike = make(x, of({5, 6}), indices);
+  EXPECT_EQ(values(*VELXyzPointSeries(good, alike).zValues()), (Values{5, 6}));
   const std::shared_ptr<VELPointSeries> bad[] = {nullptr,
                                                  good,
                                                  make(x, x, indices),
@@ -51,7 +49,7 @@ TEST(CompositePointSeries, PartsThatDoNotShareTheirPointsAreRefused) {
   for (const auto& part : bad) {
     EXPECT_THROW(VELXyyPointSeries(good, part), VELInvalidArgumentException);
     EXPECT_THROW(VELXyyPointSeries(part, good), VELInvalidArgumentException);
-    EXPECT_THROW(VELOhlcPointSeries(good, make(x, of({5, 6}), indices), make(x, of({5, 6}), indices), part),
+    EXPECT_THROW(VELOhlcPointSeries(good, alike, make(x, of({7, 8}), indices), part),
                  VELInvalidArgumentException);
   }
 }

@@ -1,16 +1,11 @@
 #include "velmora/data/data_series.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <utility>
-
 #include "tests/data/series_classes.h"
 
 namespace {
 
 std::shared_ptr<VELXyDataSeries> seriesOf(const Values& x, const Values& y) {
-  auto series = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
+  auto series = std::make_shared<VELXyDataSeries>(kDouble, kDouble);
   series->setAcceptUnsortedData(true);
   series->appendRangeX(x, y);
   return series;
@@ -21,8 +16,7 @@ void expectRange(const VELRangePtr& range, Ends expected) { EXPECT_EQ(ends(range
 }  // namespace
 
 TEST(DataSeries, TheIndexRangeReachesOnePointBeyondTheVisibleRangeAndHoldsAllEqualNeighbours) {
-  constexpr int32_t kMin = std::numeric_limits<int32_t>::max();
-  constexpr int32_t kMax = std::numeric_limits<int32_t>::min();
+  constexpr int32_t kMin = INT32_MAX, kMax = INT32_MIN;  // of an undefined range
   const Values plain = {1, 3, 5, 7, 9};
   const Values equal = {1, 2, 2, 2, 3};
   const Values broken = {kNaN, 1, 2, kNaN, 3, 4};
@@ -42,8 +36,7 @@ TEST(DataSeries, TheIndexRangeReachesOnePointBeyondTheVisibleRangeAndHoldsAllEqu
   for (const auto& row : rows) {
     const auto series = seriesOf(row.x, row.x);
     const auto range = series->getIndicesRangeWithVisibleRange(VELDoubleRange(row.min, row.max));
-    EXPECT_EQ(VELGenericInt(range->min()), row.first) << row.min << ".." << row.max;
-    EXPECT_EQ(VELGenericInt(range->max()), row.last) << row.min << ".." << row.max;
+    EXPECT_TRUE(range->equals(VELIndexRange(row.first, row.last))) << row.min << ".." << row.max << *range;
   }
 }
 
@@ -52,8 +45,7 @@ TEST(DataSeries, EveryTypeOfXColumnIsSearchedByItsValues) {
     VELXyDataSeries series(type, type);
     for (int i = 0; i < 100; ++i) series.appendX(static_cast<double>(i), static_cast<double>(i));
     const auto range = series.getIndicesRangeWithVisibleRange(VELDateRange(20.5, 40.0));
-    EXPECT_EQ(VELGenericInt(range->min()), 20) << type;
-    EXPECT_EQ(VELGenericInt(range->max()), 40) << type;
+    EXPECT_TRUE(range->equals(VELIndexRange(20, 40))) << type;
     expectRange(series.getXRange(), {0, 99});
     expectRange(series.getYRange(), {0, 99});
     expectRange(series.getWindowYRangeWithXRange(VELDoubleRange(20.5, 40.0)), {21, 40});
@@ -108,8 +100,7 @@ TEST(DataSeries, TheWindowedYRangeCountsWhatLiesInsideOrElseTheTwoNeighbours) {
 TEST(DataSeries, RangesAreUndefinedWithoutANumberAndPassOverNaN) {
   for (const VELDataType type : kTypes) {
     const VELXyDataSeries empty(type, type);
-    EXPECT_FALSE(empty.getXRange()->isDefined()) << type;
-    EXPECT_FALSE(empty.getYRange()->isDefined()) << type;
+    EXPECT_FALSE(empty.getXRange()->isDefined() || empty.getYRange()->isDefined()) << type;
     EXPECT_FALSE(empty.hasValues());
   }
   const auto series = seriesOf({kNaN, 1, 2, kNaN}, {kNaN, kNaN, kNaN, kNaN});
@@ -117,6 +108,7 @@ TEST(DataSeries, RangesAreUndefinedWithoutANumberAndPassOverNaN) {
   expectRange(series->getXRange(), {1, 2});
   EXPECT_FALSE(series->getYRange()->isDefined());
   expectRange(seriesOf({5, 1, 3}, {0, 0, 0})->getXRange(), {1, 5});
+  expectRange(seriesOf({1}, {2})->getYRange(), {2, 2});
   EXPECT_EQ(series->getYMinAt(1, 4.0), 4.0);
   EXPECT_EQ(seriesOf({1}, {2})->getYMaxAt(0, kNaN), 2.0);
   EXPECT_EQ(seriesOf({1}, {2})->getYMinAt(7, 9.0), 9.0);
@@ -261,12 +253,12 @@ TEST(DataSeries, CalculatorsAndResamplersMayChangeTheSeriesThatCallsThem) {
 }
 
 TEST(DataSeries, YRangesCoverTheColumnsBetweenWhichThePointsLie) {
-  VELXyyDataSeries band(VELDataType_Double, VELDataType_Double);
+  VELXyyDataSeries band(kDouble, kDouble);
   band.appendRangeX(Values{1, 2, 3}, Values{1, kNaN, 7}, Values{-5, 3, 2});
-  VELOhlcDataSeries prices(VELDataType_Double, VELDataType_Double);  // open above high, close below low
+  VELOhlcDataSeries prices(kDouble, kDouble);  // open above high, close below low
   prices.appendRangeX(Values{1, 2, 3}, Values{50, 2, kNaN}, Values{10, 3, kNaN}, Values{1, 2, kNaN},
                       Values{4, -3, kNaN});
-  VELXyzDataSeries bubbles(VELDataType_Double, VELDataType_Double);
+  VELXyzDataSeries bubbles(kDouble, kDouble);
   bubbles.appendRangeX(Values{1, 2, 3}, Values{4, -1, 4}, Values{900, 900, 900});
   const struct {
     const VELDataSeries& series;
@@ -283,21 +275,13 @@ TEST(DataSeries, YRangesCoverTheColumnsBetweenWhichThePointsLie) {
     EXPECT_EQ(row.series.getYMinAt(1, kInf), row.second.first);
     EXPECT_EQ(row.series.getYMaxAt(1, -kInf), row.second.second);
   }
-  VELOhlcDataSeries flat(VELDataType_Int32, VELDataType_Int32);
-  flat.appendX(1, 4, 4, 4, 4);
-  expectRange(flat.getYRange(), {4, 4});
-  EXPECT_EQ(prices.yType(), prices.closeType());
   EXPECT_EQ(prices.yValues(), prices.closeValues());
   EXPECT_EQ(band.yValues(), band.y1Values());
 }
 
 TEST(DataSeries, TwoDisplaysOfOneSeriesKeepTheirOwnPoints) {
-  Values x, y;
-  for (int i = 0; i < 1000; ++i) {
-    x.push_back(i);
-    y.push_back(i % 17);
-  }
-  const auto series = seriesOf(x, y);
+  const auto series = seriesOf({}, {});
+  for (int i = 0; i < 1000; ++i) series->appendX(i, i % 17);
   VELPointResampler resampler;
   const VELIndexRange all(0, 999);
   const VELDoubleRange visible(0.0, 999.0);

@@ -1,9 +1,6 @@
 #include "velmora/data/generic_type.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
-#include <type_traits>
 
 #include "tests/data/columns.h"
 #include "velmora/data/element_converter.h"
@@ -81,24 +78,17 @@ TEST(GenericType, TheTypeEncodingNamesWhatIsRead) {
   const double half = 0.5;
   const double* pointer = &half;
   const VELArray array;
-  const VELObjectReference date = VELDate(9.0);
-  const VELObjectReference list = &array;
-  const VELObjectReference other = static_cast<const void*>(&half);
+  const VELDate moment(9.0);
+  const VELObjectReference date = moment, list = &array, other = static_cast<const void*>(&half);
+  const VELGenericType object = tagged(VELDataType_Object, &half);
   const struct {
     const char* encoding;
     const void* value;
     VELGenericType expected;
-  } cases[] = {{"s", &number, number},
-               {"d", &half, half},
-               {"^d", &pointer, pointer},
-               {"^dx", &pointer, pointer},
-               {"@", &date, VELDate(9.0)},
-               {"@", &list, &array},
-               {"@", &other, tagged(VELDataType_Object, &half)},
-               {"l", &half, {}},
-               {"^v", &pointer, {}},
-               {"^", &pointer, {}},
-               {"", &half, {}}};
+  } cases[] = {{"s", &number, number}, {"d", &half, half},         {"^d", &pointer, pointer},
+               {"^", &pointer, {}},    {"^dx", &pointer, pointer}, {"^v", &pointer, {}},
+               {"@", &date, moment},   {"l", &half, {}},           {"@", &list, &array},
+               {"", &half, {}},        {"@", &other, object}};
   for (const auto& row : cases) {
     const VELGenericType value = VEL_constructGenericType(row.value, row.encoding);
     EXPECT_EQ(value.type, row.expected.type) << row.encoding;
@@ -110,23 +100,15 @@ TEST(GenericType, TheTypeEncodingNamesWhatIsRead) {
 TEST(GenericType, ComparisonFollowsTheTagsInTheirOrder) {
   const int64_t big = (int64_t{1} << 53) + 1;
   const VELGenericType object = tagged(VELDataType_Object, &big);
+  const VELGenericType list = tagged(VELDataType_Array, &big);
+  const VELDate date(5.9);
   const struct {
     VELGenericType a, b;
     int32_t expected;
-  } cases[] = {{3, 3.0000000000000001, 1},
-               {int16_t{5}, VELDate(5.9), 1},
-               {VELDate(5.9), 5, 0},
-               {6.0, VELDate(5.9), 3},
-               {big, big - 1, 3},
-               {big, static_cast<double>(big - 1), 1},
-               {1.0, 1.0 + 2.220446049250313e-16, 1},
-               {1.0, 1.0 + 4.5e-16, 2},
-               {-0.0, 0.0, 1},
-               {kNaN, kNaN, 0},
-               {kInf, kInf, 0},
-               {object, object, 1},
-               {object, tagged(VELDataType_Array, &big), 0},
-               {VELGenericType(), VELGenericType(), 1}};
+  } cases[] = {
+      {3, 3.0, 1},    {date, 5, 0},    {big, big - 1, 3}, {int16_t{5}, date, 1}, {1.0, 1.0 + 0x1p-52, 1},
+      {{}, {}, 1},    {6.0, date, 3},  {big, 0x1p53, 1},  {object, list, 0},     {1.0, 1.0 + 0x1p-51, 2},
+      {-0.0, 0.0, 1}, {kNaN, kNaN, 0}, {kInf, kInf, 0},   {object, object, 1}};
   for (const auto& row : cases) {
     EXPECT_EQ(VELGenericCompare(row.a, row.b), row.expected)
         << VELGenericDescription(row.a) << " with " << VELGenericDescription(row.b);

@@ -1,14 +1,10 @@
 #include "velmora/data/recycled.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
-#include <functional>
 #include <map>
 #include <thread>
-#include <utility>
-#include <vector>
 
+#include "tests/data/columns.h"
 #include "tests/support/allocation_counter.h"
 
 namespace {

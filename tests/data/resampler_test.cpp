@@ -1,7 +1,5 @@
 #include "velmora/data/resampler.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 
 #include "tests/data/points.h"
@@ -45,10 +43,9 @@ Points plainlyReduced(VELResamplingMode mode, const VELArrayController& x, const
 TEST(Resampler, ReducesFromFourPointsPerPointOfWidthOn) {
   const auto requires_ = VELPointResampler::o_requiresReductionWithMode;
   EXPECT_FALSE(requires_(VELResamplingMode_MinMax, VELIndexRange(0, 399), 100));
-  EXPECT_TRUE(requires_(VELResamplingMode_MinMax, VELIndexRange(0, 400), 100));
   EXPECT_TRUE(requires_(VELResamplingMode_Auto, VELIndexRange(1000, 1400), 100));
   EXPECT_FALSE(requires_(VELResamplingMode_None, VELIndexRange(0, 400), 100));
-  EXPECT_FALSE(requires_(VELResamplingMode_Min, VELIndexRange(0, 400), std::numeric_limits<int32_t>::max()));
+  EXPECT_FALSE(requires_(VELResamplingMode_Min, VELIndexRange(0, 400), INT32_MAX));
 }
 
 TEST(Resampler, EveryReducerEqualsThePlainWalkForEveryType) {
@@ -88,10 +85,9 @@ TEST(Resampler, EveryReducerEqualsThePlainWalkForEveryType) {
 }
 
 TEST(Resampler, WhatCannotBeReducedIsCopiedAsFarAsBothColumnsReach) {
-  Values values(50);
-  for (size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(i) - 5;
-  const auto x = column(VELDataType_Int16, values);
-  const auto y = column(VELDataType_Float, {values.begin(), values.begin() + 40});
+  const auto x = column(VELDataType_Int16, {}), y = column(VELDataType_Float, {});
+  for (int i = 0; i < 50; ++i) x->append(i - 5);
+  for (int i = 0; i < 40; ++i) y->append(i - 5);
   VELPointResampler resampler;
   const struct {
     VELIndexRange range;
@@ -115,9 +111,8 @@ TEST(Resampler, WhatCannotBeReducedIsCopiedAsFarAsBothColumnsReach) {
 }
 
 TEST(Resampler, AutoIsChosenByWhatIsKnownOfTheData) {
-  Values values(1000);
-  for (size_t i = 0; i < values.size(); ++i) values[i] = static_cast<double>(i);
-  const auto all = column(VELDataType_Double, values);
+  const auto all = column(kDouble, {});
+  for (int i = 0; i < 1000; ++i) all->append(i * 1.0);
   VELPointResampler resampler;
   const VELDoubleRange visible(0.0, 999.0);
   const auto reduced = [&](VELResamplingMode mode) {
@@ -132,7 +127,7 @@ TEST(Resampler, AutoIsChosenByWhatIsKnownOfTheData) {
 }
 
 TEST(Resampler, OnlyAPointSeriesThatNobodyElseHoldsIsFilledAgain) {
-  const auto all = column(VELDataType_Double, Values(100, 1.0));
+  const auto all = column(kDouble, Values(100, 1.0));
   VELPointResampler resampler;
   const auto reduce = [&](int32_t hi, const std::shared_ptr<VELPointSeries>& last) {
     return resampler.o_executeMode(VELResamplingMode_None, *all, *all, VELIndexRange(0, hi), kAnyRange, 10,
@@ -147,13 +142,15 @@ TEST(Resampler, OnlyAPointSeriesThatNobodyElseHoldsIsFilledAgain) {
   own = reduce(9, own);
   EXPECT_NE(own, shared);
   EXPECT_EQ(shared->count(), 50);
-  const auto held = own->yValues();
-  own = reduce(49, own);
-  EXPECT_EQ(own->count(), 50);
-  EXPECT_EQ(held->count(), 10) << "a column may be held, too";
-  const VELArrayControllerPtr twice = column(VELDataType_Double, {});
-  EXPECT_EQ(
-      reduce(49, std::make_shared<VELPointSeries>(twice, twice, column(VELDataType_Int32, {})))->count(), 50);
+  using Column = const VELArrayControllerPtr& (VELPointSeries::*)() const;
+  for (const Column column : {&VELPointSeries::xValues, &VELPointSeries::yValues, &VELPointSeries::indices}) {
+    own = reduce(9, nullptr);
+    const auto held = (*own.*column)();
+    EXPECT_EQ(reduce(49, std::exchange(own, nullptr))->count(), 50);
+    EXPECT_EQ(held->count(), 10) << "a column may be held, too";
+  }
+  const auto both = column(kDouble, {}), indices = column(VELDataType_Int32, {});
+  EXPECT_EQ(reduce(49, std::make_shared<VELPointSeries>(both, both, indices))->count(), 50);
   struct OwnColumn : VELPointSeries {
     explicit OwnColumn(VELDataType type) : x(column(type, {})) {}
     const VELArrayControllerPtr& xValues() const override { return x; }
@@ -168,19 +165,17 @@ TEST(Resampler, OnlyAPointSeriesThatNobodyElseHoldsIsFilledAgain) {
 }
 
 TEST(Resampler, WhatNoModeAndNoOperationHandlesIsRaised) {
-  const auto all = column(VELDataType_Double, Values(10, 1.0));
+  const auto all = column(kDouble, Values(10, 1.0));
   struct Nothing : VELPointResampler {
     PointSeriesPtr o_resampleWithoutReduction(const VELIndexRange&, const VELArrayController&,
                                               const VELArrayController&, const PointSeriesPtr&) override {
       return nullptr;
     }
   } nothing;
-  const auto reasonAt = [&](int32_t mode, int32_t width) {
-    return reasonOf([&] {
-      nothing.o_executeMode(static_cast<VELResamplingMode>(mode), *all, *all, VELIndexRange(0, 9), kAnyRange,
-                            width, nullptr);
-    });
+  const auto reasonAt = [&](VELResamplingMode mode, int32_t width) {
+    const VELIndexRange range(0, 9);
+    return reasonOf([&] { nothing.o_executeMode(mode, *all, *all, range, kAnyRange, width, nullptr); });
   };
-  EXPECT_EQ(reasonAt(7, 1), "Resampling mode has not been handled.");
+  EXPECT_EQ(reasonAt(static_cast<VELResamplingMode>(7), 1), "Resampling mode has not been handled.");
   EXPECT_EQ(reasonAt(VELResamplingMode_MinMax, 100), "Resampling mode has not been handled.");
 }

@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <random>
 #include <set>
 
-#include "tests/data/columns.h"
 #include "tests/data/points.h"
 #include "velmora/data/resampler.h"
 

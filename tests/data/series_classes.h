@@ -2,8 +2,6 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
-#include <utility>
 
 #include "tests/data/columns.h"
 #include "velmora/data/ohlc_data_series.h"
