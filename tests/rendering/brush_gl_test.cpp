@@ -3,10 +3,9 @@
 
 #include <cstdlib>
 
-#include "velmora/platform/offscreen/offscreen_host.h"
+#include "tests/rendering/drawn_surface.h"
 #include "velmora/rendering/colored_texture_brush.h"
 #include "velmora/rendering/linear_gradient_brush.h"
-#include "velmora/rendering/opengl_render_surface.h"
 #include "velmora/rendering/paletted_texture_brush.h"
 #include "velmora/rendering/texture_brush.h"
 
@@ -14,33 +13,15 @@ namespace {
 
 constexpr auto horizontal = VELGradientDirection_Horizontal, vertical = VELGradientDirection_Vertical;
 
-class BrushPixels : public testing::Test {
+class BrushPixels : public DrawnSurface {
  protected:
-  void SetUp() override {
-    host = VELOffscreenHost::create({256, 260}, 1);
-    ASSERT_NE(host, nullptr) << "no OpenGL ES driver";
-    surface = VELOpenGLRenderSurface::initWithFrame({0, 0, 256, 260}, *host);
-    surface->setMultisampling(false);
-    host->rootView()->addSubview(surface);
-  }
-  void TearDown() override { EXPECT_EQ(host->glContext()->gl().getError(), uint32_t{VELGL_NO_ERROR}); }
-  VELRenderContext2D& context() { return *surface->renderContext(); }
-  void frame() {
-    surface->invalidateElement();
-    host->settle(++time);
-    picture = host->picture();
-  }
+  void SetUp() override { create(256, 260, 1); }
   void expectNear(int32_t x, int32_t y, uint32_t code) const {
-    const uint32_t actual = picture.colorCodeAt(x, y);
+    const uint32_t actual = at(x, y);
     for (uint32_t shift = 0; shift < 32; shift += 8)
       ASSERT_LE(std::abs(static_cast<int>(actual >> shift & 255) - static_cast<int>(code >> shift & 255)), 1)
           << std::hex << actual << " is not " << code << " at " << std::dec << x << ',' << y;
   }
-
-  std::shared_ptr<VELOffscreenHost> host;
-  std::shared_ptr<VELOpenGLRenderSurface> surface;
-  VELBitmap picture;
-  double time = 0;
 };
 
 // Solid colours between them sample the same texture; no row may show in another one.

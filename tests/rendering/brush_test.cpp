@@ -6,29 +6,20 @@
 #include "velmora/rendering/linear_gradient_brush.h"
 #include "velmora/rendering/paletted_texture_brush.h"
 #include "velmora/rendering/render_surface_style.h"
-#include "velmora/rendering/solid_brush.h"
-#include "velmora/rendering/solid_pen.h"
 #include "velmora/rendering/texture_brush.h"
 
 namespace {
 
-TEST(SolidBrush, IsOpaqueWhiteUntilToldAndLosesTheFractionOfAColour) {
-  for (const VELBrushPtr& brush :
-       {VELBrushPtr(std::make_shared<VELBrushSolid>()), VELBrushPtr(std::make_shared<VELPenSolid>())})
-    EXPECT_EQ(brush->colorCode(), 0xFFFFFFFFu);
-  EXPECT_EQ(VELBrushSolid(VELColor(1.0, 0.5, 0.0)).colorCode(), 0xFF007FFFu);
-  EXPECT_TRUE(VELBrushSolid(0xFEFFFFFFu).hasAlpha() && !VELBrushSolid(0xFF000000u).hasAlpha());
-  EXPECT_EQ(VELPenSolid().strokeThickness(), 1.0f);
-  EXPECT_EQ(VELClonePen(VELPen2D::solid(5, 2.5f))->strokeThickness(), 2.5f);
-  EXPECT_EQ(VELClonePen(nullptr), nullptr);
-}
+class Brush : public testing::Test {
+ protected:
+  RegisteredGL gl;
+  const std::vector<uint8_t> pixel{0, 0, 0, 0};
+  const std::shared_ptr<VELTextureOpenGL> a = std::make_shared<VELTextureOpenGL>(pixel, 1, 1),
+                                          b = std::make_shared<VELTextureOpenGL>(pixel, 1, 1);
+};
 
 // Which shape may follow which without a change of shader state.
-TEST(Brush, SharesItsShaderStateAsTheTableSays) {
-  const RegisteredGL gl;
-  const uint8_t pixel[4] = {};
-  const auto a = std::make_shared<VELTextureOpenGL>(pixel, 1, 1),
-             b = std::make_shared<VELTextureOpenGL>(pixel, 1, 1);
+TEST_F(Brush, SharesItsShaderStateAsTheTableSays) {
   const VELBrushPtr brushes[] = {VELBrush2D::solid(1),
                                  VELPen2D::solid(2, 1),
                                  VELBrush2D::linearGradient(1, 2, VELGradientDirection_Vertical),
@@ -52,11 +43,7 @@ TEST(Brush, SharesItsShaderStateAsTheTableSays) {
       << "no texture is not one texture";
 }
 
-TEST(Brush, AppliesItsTexturesThenItsProgramAndNothingTwice) {
-  RegisteredGL gl;
-  const uint8_t pixel[4] = {};
-  const auto a = std::make_shared<VELTextureOpenGL>(pixel, 1, 1),
-             b = std::make_shared<VELTextureOpenGL>(pixel, 1, 1);
+TEST_F(Brush, AppliesItsTexturesThenItsProgramAndNothingTwice) {
   const VELBrushPtr brushes[] = {
       VELBrush2D::linearGradient(1, 2, VELGradientDirection_Vertical), std::make_shared<VELBrushTexture>(a),
       std::make_shared<VELBrushColoredTexture>(a), std::make_shared<VELBrushPalettedTexture>(a, b)};
@@ -117,13 +104,10 @@ TEST_F(Atlas, GivesRowsFromOneOnceAFrameAndAgainAfterAClearAndSendsWhatChanged) 
   EXPECT_EQ(gl.gl().count("texSubImage2D(2D,0,1,256,1,RGBA)"), 1u);
 }
 
-TEST_F(Atlas, IsSampledWithTheNearestTexelAndMadeAgainWhenGLLostIt) {
+TEST_F(Atlas, IsMadeAgainWhenGLLostIt) {
   const auto isMade = [&] {
     EXPECT_EQ(uploaded().size(), 65536u);
     EXPECT_EQ(gl.gl().count("genTexture"), 1u);
-    EXPECT_EQ(gl.gl().texts("texParameteri"),
-              "texParameteri(2D,WRAP_S,CLAMP) texParameteri(2D,WRAP_T,CLAMP) "
-              "texParameteri(2D,MIN,NEAREST) texParameteri(2D,MAG,NEAREST)");
   };
   atlas.o_addBrush(first);
   isMade();
@@ -135,20 +119,14 @@ TEST_F(Atlas, IsSampledWithTheNearestTexelAndMadeAgainWhenGLLostIt) {
   isMade();
 }
 
-TEST_F(Atlas, LeavesOutWhatItCannotHold) {
-  const auto wrong =
-      std::make_shared<VELBrushLinearGradient>(std::vector<uint32_t>(255), VELGradientDirection_Vertical);
-  atlas.o_addBrush(nullptr);
-  atlas.o_addBrush(wrong);
-  EXPECT_EQ(wrong->gradientIndex(), 0);
-  std::vector<VELPenPtr> many;
-  for (int i = 0; i < 256; ++i) {
-    many.push_back(columnGradient(static_cast<uint32_t>(i)));
-    many.back()->setGradientIndex(-1);
-    atlas.o_addBrush(many.back());
+TEST_F(Atlas, LeavesOutWhatIsNoRowOfIt) {
+  for (const size_t length : {0u, 255u, 257u}) {
+    const auto wrong = std::make_shared<VELBrushLinearGradient>(std::vector<uint32_t>(length),
+                                                                VELGradientDirection_Vertical);
+    atlas.o_addBrush(wrong);
+    EXPECT_EQ(wrong->gradientIndex(), 0) << length;
   }
-  EXPECT_EQ(many[254]->gradientIndex(), 255);
-  EXPECT_EQ(many[255]->gradientIndex(), -1) << "no row is left";
+  atlas.o_addBrush(nullptr);
 }
 
 // Brushes are shared: a pen may stroke in two charts at a time, each with an atlas of its own.
@@ -186,24 +164,17 @@ TEST(SurfaceStyle, CallsBackFromEverySetterAndACloneSharesNeitherBrushesNorBlock
   EXPECT_EQ(calls, "sssls");
 }
 
-// Owners react to a change by replacing the blocks, or the style that is calling them.
-TEST(SurfaceStyle, ABlockMayReplaceItselfAndTheStyle) {
+// Owners react to a change by replacing the style that is calling them.
+TEST(SurfaceStyle, ABlockMayReplaceTheStyle) {
   std::string calls;
   auto style = std::make_shared<VELRenderSurfaceStyle>();
-  style->setStyleChanged([&, owned = std::string(64, 's')] {
-    style->setStyleChanged(nullptr);
-    calls += owned.back();
-  });
-  style->setBorderPen(nullptr);
-  style->setBorderPen(nullptr);
-  EXPECT_EQ(calls, "s");
-  style->setStyleChanged([&calls, owned = std::string(64, 't')] { calls += owned.back(); });
+  style->setStyleChanged([&calls, owned = std::string(64, 's')] { calls += owned.back(); });
   style->setLayoutChanged([&, owned = std::string(64, 'l')] {
     style = std::make_shared<VELRenderSurfaceStyle>();
     calls += owned.back();
   });
   style->setLeftAxisAreaSize(5);
-  EXPECT_EQ(calls, "slt");
+  EXPECT_EQ(calls, "ls");
 }
 
 }  // namespace

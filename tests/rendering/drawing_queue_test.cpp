@@ -178,17 +178,6 @@ TEST_F(Queue, AFrameIsReplayedOnlyOnTheContextThatItWasRecordedFor) {
   EXPECT_EQ(other.context->gl().calls.size(), 0u);
 }
 
-TEST_F(Queue, ACallbackMayReplaceItselfWhileItRuns) {
-  std::string calls;
-  context.setInvalidated([&, owned = std::string(64, 'x')] {
-    context.setInvalidated([&] { calls += 'y'; });
-    calls += owned.back();
-  });
-  context.invalidate();
-  context.invalidate();
-  EXPECT_EQ(calls, "xy");
-}
-
 TEST_F(Queue, AReplayedFrameStaysAsItIsWhateverItsBrushesDo) {
   const auto column = doubles(std::vector<double>{1, 2, 3});
   const auto meddle = [&] {
@@ -216,11 +205,9 @@ TEST_F(Queue, AReplayedFrameStaysAsItIsWhateverItsBrushesDo) {
 TEST(DrawingBuffer, UpdateRangesWidenAndAreClampedToTheCapacity) {
   VELDrawingBuffer buffer(10);
   VELDrawingBufferInfo& info = buffer.o_getBufferInfo();
-  const auto range = [&] { return std::pair(info.dbi_vertexUpdateStart, info.dbi_vertexUpdateEnd); };
-  EXPECT_EQ(range(), std::pair(65536u, 0u));
   info.dbi_vertexHead = 6;
   buffer.o_addVerticesUpdateRange(9);
-  EXPECT_EQ(range(), std::pair(6u, 10u));
+  EXPECT_EQ(std::pair(info.dbi_vertexUpdateStart, info.dbi_vertexUpdateEnd), std::pair(6u, 10u));
   EXPECT_TRUE(buffer.o_isEnoughSpaceForVertices(4, 10));
   EXPECT_FALSE(buffer.o_isEnoughSpaceForVertices(5, 0));
   EXPECT_FALSE(buffer.o_isEnoughSpaceForVertices(0, UINT32_MAX));

@@ -1,22 +1,18 @@
 // Ramps of gradients, and where a gradient brush or pen puts them.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
 #include <string>
 
+#include "tests/support/numbers.h"
 #include "velmora/axes/coordinate_calculator_factory.h"
-#include "velmora/data/ranges.h"
 #include "velmora/data/xy_data_series.h"
-#include "velmora/rendering/brush_pass_data.h"
 #include "velmora/rendering/linear_gradient_brush.h"
 #include "velmora/rendering/linear_gradient_pen.h"
+#include "velmora/series/renderable_series_base.h"
 #include "velmora/surface/render_pass_data.h"
 
 namespace {
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN(),
-                 inf = std::numeric_limits<double>::infinity();
 constexpr auto horizontal = VELGradientDirection_Horizontal, vertical = VELGradientDirection_Vertical;
 using Codes = std::vector<uint32_t>;
 
@@ -30,8 +26,8 @@ TEST(GradientRamp, MixesEachChannelBetweenTheCentresOfItsStepsAndHoldsTheEnds) {
     std::vector<VELGradientStop> stops;
     Codes expected;  ///< at 1/8, 3/8, 5/8 and 7/8
   } rows[] = {{"nothing", {}, {}},
-              {"no number", {{nan, 1}, {inf, 2}, {-inf, 3}}, {}},
-              {"one", {{0.9, 5}, {nan, 7}}, {5, 5, 5, 5}},
+              {"no number", {{kNaN, 1}, {kInf, 2}, {-kInf, 3}}, {}},
+              {"one", {{0.9, 5}, {kNaN, 7}}, {5, 5, 5, 5}},
               {"unsorted", {{1, 40}, {0, 0}}, {5, 15, 25, 35}},
               {"a step", {{0.5, 1}, {0.5, 9}, {0.5, 4}}, {1, 1, 4, 4}},
               {"a step on a centre", {{0.375, 1}, {0.375, 4}}, {1, 4, 4, 4}},
@@ -54,12 +50,12 @@ TEST(GradientBrush, SpansAnAreaOrShowsItsFirstColourWhereItCannot) {
     double x, width;
     std::vector<double> positions;
     std::string columns;
-  } rows[] = {{10, 100, {5, 10, 60, 110, 200, nan, -inf, inf}, "1 1 32768 65534 65534 1 1 65534 "},
+  } rows[] = {{10, 100, {5, 10, 60, 110, 200, kNaN, -kInf, kInf}, "1 1 32768 65534 65534 1 1 65534 "},
               {110, -100, {5, 60, 200}, "1 32768 65534 "},
-              {7, 0, {6, 7, 8, inf}, "1 1 1 1 "},
-              {nan, 5, {0, 1}, "1 1 "},
-              {0, inf, {-1, 0, 1e9, inf}, "1 1 1 1 "},
-              {-inf, 5, {0, 6}, "1 1 "},
+              {7, 0, {6, 7, 8, kInf}, "1 1 1 1 "},
+              {kNaN, 5, {0, 1}, "1 1 "},
+              {0, kInf, {-1, 0, 1e9, kInf}, "1 1 1 1 "},
+              {-kInf, 5, {0, 6}, "1 1 "},
               {0, 1e-320, {0, 5e-321, 1}, "1 65534 65534 "}};
   for (const auto& row : rows) {
     for (const auto direction : {horizontal, vertical}) {
@@ -100,77 +96,70 @@ TEST(GradientBrush, EveryWayToMakeOneGivesTheSameRampAndCopiesKeepIt) {
     EXPECT_EQ(pen ? pen->strokeThickness() : 2.0f, 2.0f);
   }
   EXPECT_TRUE(VELBrushLinearGradient(0xFF000000, 0xFE000000, vertical).hasAlpha());
+  EXPECT_TRUE(VELBrush2D::solid(0xFEFFFFFF)->hasAlpha() && !VELBrush2D::solid(0xFF000000)->hasAlpha());
   EXPECT_EQ(VELBrushLinearGradient(Codes(), vertical).colorCodeAtX(1, 1), 0u);
 }
 
-/// X 0 to 10 on 100 points from the left, Y 0 to 10 on 100 points from the bottom; or turned.
-struct PassData final : VELBrushPassData {
-  std::shared_ptr<VELCoordinateCalculator> x, y;
-  VELRangePtr xs = std::make_shared<VELDoubleRange>(2, 4), ys = std::make_shared<VELDoubleRange>(5, 8);
-  double zero = nan;
-  bool isTurned;
-
-  explicit PassData(bool turned, bool isLogarithmic = false) : isTurned(turned) {
-    VELAxisParams params;
-    params.size = 100;
-    params.logarithmicBase = 10;
-    params.visibleMin = isLogarithmic ? 1 : 0;
-    params.visibleMax = 10;
-    params.isLogarithmicAxis = isLogarithmic;
-    params.isHorizontal = turned;
-    y = VELCoordinateCalculatorFactory::getInstance(params);
-    params.isXAxis = true;
-    params.isHorizontal = !turned;
-    x = VELCoordinateCalculatorFactory::getInstance(params);
-  }
-  bool isVerticalChart() const override { return isTurned; }
-  const std::shared_ptr<VELCoordinateCalculator>& xCoordinateCalculator() const override { return x; }
-  const std::shared_ptr<VELCoordinateCalculator>& yCoordinateCalculator() const override { return y; }
-  VELRangePtr xDataRange() const override { return xs; }
-  VELRangePtr yDataRange() const override { return ys; }
-  double zeroLineY() const override { return zero; }
-};
+// 100 points up to the value 10, from 0 or, logarithmic, from 1.
+std::shared_ptr<VELCoordinateCalculator> calculatorOf(bool isX, bool isHorizontal,
+                                                      bool isLogarithmic = false) {
+  VELAxisParams params;
+  params.size = 100;
+  params.logarithmicBase = 10;
+  params.visibleMin = isLogarithmic ? 1 : 0;
+  params.visibleMax = 10;
+  params.isLogarithmicAxis = isLogarithmic;
+  params.isXAxis = isX;
+  params.isHorizontal = isHorizontal;
+  return VELCoordinateCalculatorFactory::getInstance(params);
+}
 
 TEST(GradientBrush, SpansTheDataAlongTheAxisThatItRunsAlong) {
-  const auto spanOf = [](const VELBrushPassData& data, VELGradientDirection direction) {
+  using Span = std::pair<double, double>;
+  const auto spanOf = [](const VELRenderPassData& data, VELGradientDirection direction) {
     VELPenLinearGradient pen(1, 2, direction, 1);
     pen.setDrawingAreaX(1, 1, 1, 1);
     pen.setRenderPassData(&data);
-    return std::pair(pen.min(), pen.max());
+    return Span(pen.min(), pen.max());
   };
-  using Span = std::pair<double, double>;
-  PassData upright(false), turned(true);
+  const auto values = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double),
+             none = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
+  values->appendX(2, 8);
+  values->appendX(4, 5);
+  const auto series = std::make_shared<VELRenderableSeriesBase>();
+  const auto x = calculatorOf(true, true), y = calculatorOf(false, false),
+             turnedX = calculatorOf(true, false), turnedY = calculatorOf(false, true);
+  const auto passOf = [&](const auto& data, const auto& yCalculator, const auto& xCalculator) {
+    return VELRenderPassData(nullptr, nullptr, data, series, yCalculator, xCalculator);
+  };
+  const auto upright = passOf(values, y, x), turned = passOf(values, turnedY, turnedX);
   const Span alongX = spanOf(upright, horizontal), alongY = spanOf(upright, vertical);
-  EXPECT_EQ(alongX, Span(upright.x->getCoordinateFrom(2), upright.x->getCoordinateFrom(4)));
-  EXPECT_EQ(alongY, Span(upright.y->getCoordinateFrom(8), upright.y->getCoordinateFrom(5)));
-  EXPECT_EQ(spanOf(turned, horizontal), Span(turned.y->getCoordinateFrom(8), turned.y->getCoordinateFrom(5)));
-  EXPECT_EQ(spanOf(turned, vertical), Span(turned.x->getCoordinateFrom(2), turned.x->getCoordinateFrom(4)));
-  upright.zero = -1;
-  EXPECT_EQ(spanOf(upright, vertical), Span(alongY.first, upright.y->getCoordinateFrom(-1)));
+  EXPECT_EQ(alongX, Span(x->getCoordinateFrom(2), x->getCoordinateFrom(4)));
+  EXPECT_EQ(alongY, Span(y->getCoordinateFrom(8), y->getCoordinateFrom(5)));
+  EXPECT_EQ(spanOf(turned, horizontal), Span(turnedY->getCoordinateFrom(8), turnedY->getCoordinateFrom(5)));
+  EXPECT_EQ(spanOf(turned, vertical), Span(turnedX->getCoordinateFrom(2), turnedX->getCoordinateFrom(4)));
+  series->setZeroLineY(-1);
+  EXPECT_EQ(spanOf(upright, vertical), Span(alongY.first, y->getCoordinateFrom(-1)));
   EXPECT_EQ(spanOf(upright, horizontal), alongX) << "the zero line is one of Y";
+  series->setZeroLineY(0);
+  const auto logarithmic = calculatorOf(false, false, true);
+  EXPECT_EQ(spanOf(passOf(values, logarithmic, x), vertical).second, logarithmic->getCoordinateFrom(5))
+      << "0 has no place there";
 
   const auto days = VELXyDataSeries::initWithCategoryXType(VELDataType_Double, VELDataType_Double);
   for (const double day : {100.0, 200.0, 900.0}) days->appendX(day, 1.0);
-  EXPECT_EQ(spanOf(VELRenderPassData(nullptr, nullptr, days, {}, upright.y, upright.x), horizontal),
-            Span(upright.x->getCoordinateFrom(0), upright.x->getCoordinateFrom(2)))
+  EXPECT_EQ(spanOf(passOf(days, y, x), horizontal), Span(x->getCoordinateFrom(0), x->getCoordinateFrom(2)))
       << "categories are counted";
 
-  PassData logarithmic(false, true);
-  logarithmic.zero = 0;
-  EXPECT_EQ(spanOf(logarithmic, vertical).second, logarithmic.y->getCoordinateFrom(5))
-      << "0 has no place there";
-
   const Span before(1, 2);
-  upright.ys = std::make_shared<VELDoubleRange>();
-  EXPECT_EQ(spanOf(upright, vertical), before) << "no data";
-  upright.ys = nullptr;
-  EXPECT_EQ(spanOf(upright, vertical), before);
-  upright.x = nullptr;
-  EXPECT_EQ(spanOf(upright, horizontal), before);
+  EXPECT_EQ(spanOf(passOf(none, y, x), vertical), before) << "no data";
+  EXPECT_EQ(spanOf(passOf(std::weak_ptr<VELDataSeries>(), y, x), vertical), before);
+  EXPECT_EQ(spanOf(passOf(values, nullptr, x), vertical), before);
   VELBrushLinearGradient fixed(1, 2, horizontal);
   fixed.setDrawingAreaX(1, 1, 1, 1);
+  fixed.setRenderPassData(nullptr);
   fixed.setRequireRenderPassData(false);
-  for (const PassData* const data : {&turned, static_cast<PassData*>(nullptr)}) fixed.setRenderPassData(data);
+  fixed.setRenderPassData(&turned);
   EXPECT_EQ(Span(fixed.min(), fixed.max()), before);
 }
 

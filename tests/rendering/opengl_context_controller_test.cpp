@@ -133,18 +133,6 @@ TEST(GLContextController, BuildsEachProgramOnceFromItsSourcesWithTheFixedSlots) 
   }
 }
 
-TEST(GLContextController, AttributeArraysAreEnabledOnceUntilTheStateIsForgotten) {
-  RegisteredGL gl;
-  gl.gl().calls.clear();
-  for (const size_t enabled : {3u, 6u}) {
-    Controller::o_enableContext(gl.context);
-    for (int i = 0; i < 2; ++i) VELBrushShaderController::o_enableBuffers();
-    EXPECT_EQ(gl.gl().count("enableVertexAttribArray"), enabled);
-  }
-  for (int i = 0; i < 2; ++i) VELBrushShaderController::o_disableBuffers();
-  EXPECT_EQ(gl.gl().count("disableVertexAttribArray"), 3u);
-}
-
 TEST(GLContextController, LogsWhatTheDriverSaysOfABrokenShaderAndGoesOn) {
   RegisteredGL gl;
   gl.gl().compiles = 0;

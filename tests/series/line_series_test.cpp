@@ -8,11 +8,8 @@
 #include "tests/series/drawn_series.h"
 #include "tests/support/reason_of.h"
 #include "velmora/axes/axis_style.h"
-#include "velmora/axes/flipped_double_coordinate_calculator.h"
-#include "velmora/axes/numeric_axis.h"
-#include "velmora/platform/exception.h"
+#include "velmora/rendering/opengl_render_context.h"
 #include "velmora/series/point_marker_clusterizer.h"
-#include "velmora/series/renderable_series_drawing_helper.h"
 
 namespace {
 
@@ -62,7 +59,6 @@ TEST(LineSeries, NothingIsDrawnWithoutSomethingToDraw) {
 TEST(LineSeries, AStyleIsCopiedAndItsChangesShow) {
   RecordingChart chart;
   auto series = std::make_shared<VELFastLineRenderableSeries>();
-  EXPECT_EQ(series->style()->linePen()->colorCode(), 0xFF50A0F0u);
   chart.surface->attachRenderableSeries(series);
   VELLineSeriesStyle style;
   style.setLinePen(VELPen2D::solid(7, 2.0f));
@@ -103,36 +99,40 @@ TEST(LineSeries, AStyleIsCopiedAndItsChangesShow) {
   block();  // a copy of the block finds nobody
 }
 
+// Those of styles, and of what else tells an application of a change.
 TEST(Styles, ABlockMayReplaceItselfWhileItRuns) {
-  int calls = 0;
   // Reads what it captured after it was replaced; a second change finds nobody.
-  const auto expectOneCall = [&](auto set, const std::function<void(double)>& change) {
-    calls = 0;
+  const auto expectOneCall = [](auto set, const std::function<void(float)>& change) {
+    int calls = 0;
     set([&calls, set, step = std::vector<int>{1}](const auto&...) {
       set({});
       calls += step[0];
     });
-    change(5.0);
-    change(6.0);
+    change(5.0f);
+    change(6.0f);
     EXPECT_EQ(calls, 1);
   };
+  using Block = std::function<void()>;
   VELLineSeriesStyle line;
   VELPointMarkerClusterizer cluster;
   VELAxisStyle axis;
   VELTextFormattingStyle text;
+  VELRenderSurfaceStyle surface;
+  VELOpenGLRenderContext context(64, nullptr);
   RecordingChart chart;
-  using Block = std::function<void()>;
-  expectOneCall([&](Block block) { line.setStyleChanged(std::move(block)); },
-                [&](double size) { line.setClusterSpacing(static_cast<float>(size)); });
-  expectOneCall([&](Block block) { cluster.setPropertiesChanged(std::move(block)); },
-                [&](double size) { cluster.setSpacing(static_cast<float>(size)); });
-  expectOneCall([&](Block block) { axis.setStyleChanged(std::move(block)); },
+  expectOneCall([&](Block block) { line.setStyleChanged(block); },
+                [&](float size) { line.setClusterSpacing(size); });
+  expectOneCall([&](Block block) { cluster.setPropertiesChanged(block); },
+                [&](float size) { cluster.setSpacing(size); });
+  expectOneCall([&](Block block) { axis.setStyleChanged(block); },
                 [&](double size) { axis.titleStyle().setFontSize(size); });
-  expectOneCall([&](Block block) { text.setStyleChanged(std::move(block)); },
+  expectOneCall([&](Block block) { text.setStyleChanged(block); },
                 [&](double size) { text.setFontSize(size); });
-  expectOneCall(
-      [&](VELChartSurfaceViewBase::LayoutBlock block) { chart.view->setOnLayoutSubviews(std::move(block)); },
-      [&](double) { chart.view->layoutSubviews(); });
+  expectOneCall([&](Block block) { surface.setStyleChanged(block); },
+                [&](float) { surface.setBorderPen(nullptr); });
+  expectOneCall([&](Block block) { context.setInvalidated(block); }, [&](float) { context.invalidate(); });
+  expectOneCall([&](VELChartSurfaceViewBase::LayoutBlock block) { chart.view->setOnLayoutSubviews(block); },
+                [&](float) { chart.view->layoutSubviews(); });
 }
 
 TEST(SeriesBase, WidthOfAPointIsTheNarrowestGap) {

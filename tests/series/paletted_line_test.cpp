@@ -7,7 +7,7 @@
 
 #include "tests/series/drawn_series.h"
 #include "velmora/axes/numeric_axis.h"
-#include "velmora/rendering/solid_pen.h"
+#include "velmora/rendering/linear_gradient.h"
 #include "velmora/series/ellipse_point_marker.h"
 
 namespace {
@@ -16,16 +16,11 @@ using Style = TestPalette::Style;
 
 struct OtherStyle : VELSeriesStyle {};
 
-// A pen that depends on the data, as a gradient does.
-struct SpannedPen : VELPen2D {
+// A gradient that counts how many times it gets the data.
+struct SpannedPen : VELLinearGradient<VELPen2D> {
+  SpannedPen() : VELLinearGradient({}, VELGradientDirection_Vertical) {}
   int spans = 0;
-  uint32_t colorCode() const override { return 77; }
   float strokeThickness() const override { return 1.0f; }
-  void getColorCode(uint32_t& code, uint16_t&, uint16_t&, double, double) const override { code = 77; }
-  VELShaderType shaderType() const override { return VELShaderType_Solid; }
-  bool equalsToBrush(const VELBrush2D& other) const override { return &other == this; }
-  void apply(VELShaderAttributes&) const override {}
-  bool requireRenderPassData() const override { return true; }
   void setRenderPassData(const VELBrushPassData* data) override { spans += data ? 1 : 0; }
   VELBrushPtr clone() const override { return std::make_shared<SpannedPen>(); }
 };
@@ -89,10 +84,13 @@ TEST(PalettedLine, TheStyleOfASegmentIsThatOfThePointWhereItEnds) {
 }
 
 TEST(PalettedLine, WhatAStyleLacksIsTheSeriesOwn) {
-  const auto marker = std::make_shared<VELEllipsePointMarker>();
-  marker->setFillBrush(VELBrush2D::solid(9));
+  const auto markerOf = [](uint32_t colorCode) {
+    auto marker = std::make_shared<VELEllipsePointMarker>();
+    marker->setFillBrush(VELBrush2D::solid(colorCode));
+    return marker;
+  };
   const auto withMarker = styleOf(VELPen2D::solid(8, 1.0f), true), withoutMarker = styleOf(nullptr, true);
-  withMarker->setPointMarker(marker);
+  withMarker->setPointMarker(markerOf(9));
   withoutMarker->setPointMarker(nullptr);
   const struct {
     Style style;
@@ -105,9 +103,7 @@ TEST(PalettedLine, WhatAStyleLacksIsTheSeriesOwn) {
   for (const auto& row : rows)
     for (const bool marked : {false, true}) {
       PalettedSeries drawn({30}, {40});
-      const auto own = std::make_shared<VELEllipsePointMarker>();
-      own->setFillBrush(VELBrush2D::solid(6));
-      drawn.series->style()->setPointMarker(own);
+      drawn.series->style()->setPointMarker(markerOf(6));
       drawn.series->style()->setDrawPointMarkers(marked);
       drawn.palette->answer = [&](double, double, uint32_t) { return row.style; };
       EXPECT_EQ(drawn.line(), (std::vector<double>{30, 40, static_cast<double>(row.line)}));
@@ -145,10 +141,8 @@ TEST(PalettedLine, AGradientPenGetsTheDataOnceAPassTheSeriesOwnToo) {
 
 TEST(PalettedLine, APaletteMayTakeTheChartApart) {
   using Line = VELFastLineRenderableSeries;
-  const struct {
-    std::function<void(RecordingChart&)> takeApart;
-    size_t lines;  // in the refresh after that
-  } rows[] = {
+  // What it does, and how many lines the refresh after that draws.
+  const std::pair<std::function<void(RecordingChart&)>, size_t> rows[] = {
       {[](auto& chart) { chart.surface->detachRenderableSeries(chart.surface->renderableSeries()[0]); }, 1},
       {[](auto& chart) { chart.surface->detachRenderableSeries(chart.surface->renderableSeries()[1]); }, 1},
       {[](auto& chart) { chart.surface->free(); }, 0},
@@ -162,7 +156,7 @@ TEST(PalettedLine, APaletteMayTakeTheChartApart) {
        },
        1}};
   // Also where the application holds the series, and for the selected ones, which come last.
-  for (const auto& row : rows)
+  for (const auto& [takeApart, lines] : rows)
     for (int kind = 0; kind < 4; ++kind) {
       RecordingChart chart;
       for (const bool isXAxis : {true, false})
@@ -173,8 +167,8 @@ TEST(PalettedLine, APaletteMayTakeTheChartApart) {
         drawn.series->setIsSelected((kind & 1) != 0);
         drawn.series->setDataSeries(drawn.values);
         if (i == 0)
-          drawn.palette->onUpdate = [&, done = false]() mutable {
-            if (!std::exchange(done, true)) row.takeApart(chart);
+          drawn.palette->onUpdate = [&, &act = takeApart, done = false]() mutable {
+            if (!std::exchange(done, true)) act(chart);
           };
         chart.surface->attachRenderableSeries(drawn.series);
         series.push_back(drawn.series);
@@ -185,7 +179,7 @@ TEST(PalettedLine, APaletteMayTakeTheChartApart) {
       surface->render->clear();
       surface->invalidateElement();
       surface->onRenderTimeElapsed();
-      EXPECT_EQ(surface->render->count("begin"), row.lines) << &row - rows << ' ' << kind;
+      EXPECT_EQ(surface->render->count("begin"), lines) << kind;
     }
 }
 

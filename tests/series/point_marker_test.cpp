@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <utility>
 
 #include "tests/series/drawn_series.h"
@@ -13,12 +14,13 @@
 
 namespace {
 
-constexpr auto kInf = std::numeric_limits<float>::infinity();
+constexpr auto nan = static_cast<float>(kNaN), inf = static_cast<float>(kInf);
 
 // Counts the markers that a clusterizer lets through.
 struct Dots : VELPointMarkerBase {
   int drawn = 0;
-  void drawToContext(VELRenderContext2D&, float, float) override { ++drawn; }
+  std::function<void()> onDraw = [] {};
+  void drawToContext(VELRenderContext2D&, float, float) override { onDraw(), ++drawn; }
   bool takes(VELPointMarkerClusterizer& cluster, float x, float y) {
     static RecordingContext context;
     const int before = drawn;
@@ -37,11 +39,10 @@ TEST(PointMarkerClusterizer, ACellTakesTheFirstMarkerAndNothingOutsideIsDrawn) {
   const struct {
     float x, y;
     bool taken;
-  } rows[] = {
-      {10.2f, 10.2f, true}, {11.9f, 11.9f, false}, {12.0f, 11.9f, true},  {-0.5f, 3.0f, false},
-      {3.0f, -0.5f, false}, {100.1f, 3.0f, false}, {3.0f, 50.1f, false},  {std::nanf(""), 3.0f, false},
-      {3.0f, kInf, false},  {100.0f, 4.0f, true},  {0.0f, 6.0f, false},  // the right edge: next row
-      {0.0f, 0.0f, true},   {-0.0f, 0.0f, false},  {100.0f, 50.0f, true}, {20.0f, 50.0f, true}};
+  } rows[] = {{10.2f, 10.2f, true}, {11.9f, 11.9f, false}, {12.0f, 11.9f, true},  {-0.5f, 3.0f, false},
+              {3.0f, -0.5f, false}, {100.1f, 3.0f, false}, {3.0f, 50.1f, false},  {nan, 3.0f, false},
+              {3.0f, inf, false},   {100.0f, 4.0f, true},  {0.0f, 6.0f, false},  // the right edge: next row
+              {0.0f, 0.0f, true},   {-0.0f, 0.0f, false},  {100.0f, 50.0f, true}, {20.0f, 50.0f, true}};
   for (const auto& row : rows)
     EXPECT_EQ(dots.takes(cluster, row.x, row.y), row.taken) << row.x << " " << row.y;
 
@@ -62,18 +63,17 @@ TEST(PointMarkerClusterizer, ACellTakesTheFirstMarkerAndNothingOutsideIsDrawn) {
 }
 
 TEST(PointMarkerClusterizer, NoAreaOrSpacingReachesOutsideTheGrid) {
-  constexpr double kHuge = 1e300;
   for (const VELSize area :
-       {VELSize{1.9, 50}, VELSize{50, 1.9}, VELSize{kHuge, kHuge}, VELSize{kNaN, 5}, VELSize{-5, -5},
+       {VELSize{1.9, 50}, VELSize{50, 1.9}, VELSize{1e300, 1e300}, VELSize{kNaN, 5}, VELSize{-5, -5},
         VELSize{100'000, 2.1}, VELSize{333.3, 99.99}, VELSize{16384, 7}})
-    for (const float spacing : {2.0f, 0.3f, 0.7f, 3.3333f, 0.0f, -2.0f, std::nanf(""), kInf, 1e-30f}) {
+    for (const float spacing : {2.0f, 0.3f, 0.7f, 3.3333f, 0.0f, -2.0f, nan, inf, 1e-30f}) {
       VELPointMarkerClusterizer cluster;
       cluster.setSpacing(spacing);
       cluster.setArea(area);
       Dots dots;
       const auto width = static_cast<float>(area.width), height = static_cast<float>(area.height);
-      for (const float x : {0.0f, std::nextafter(width, 0.0f), width, kInf, 1e30f})
-        for (const float y : {0.0f, std::nextafter(height, 0.0f), height, -kInf, 1e30f})
+      for (const float x : {0.0f, std::nextafter(width, 0.0f), width, inf, 1e30f})
+        for (const float y : {0.0f, std::nextafter(height, 0.0f), height, -inf, 1e30f})
           dots.takes(cluster, x, y);
       cluster.clear();
       EXPECT_TRUE(dots.drawn == 0 || area.width >= spacing) << "no cell fits";
@@ -95,7 +95,7 @@ TEST(EllipsePointMarker, IsFilledAroundItsPlaceAndItsBorderCloses) {
   EXPECT_EQ(context.operations[1].numbers, (std::vector<double>{23, 35})) << "half of 6 by 10";
   EXPECT_EQ(context.operations.back().numbers, context.operations[1].numbers);
 
-  for (const float size : {0.0f, -1.0f, std::nanf("")}) {
+  for (const float size : {0.0f, -1.0f, nan}) {
     context.operations.clear();
     marker.setHeight(size);
     marker.drawToContext(context, 20.0f, 30.0f);
@@ -127,27 +127,15 @@ TEST(PointMarkers, StandAtEveryPointWithAValueInEveryDraw) {
   }
 }
 
-// Takes itself and its clusterizer out of their style while it draws.
-struct Leaving : VELPointMarkerBase {
-  std::weak_ptr<VELLineSeriesStyle> style;
-  int* drawn = nullptr;
-  void drawToContext(VELRenderContext2D&, float, float) override {
-    style.lock()->setPointMarker(nullptr);
-    style.lock()->setCluster(nullptr);
-    *drawn += static_cast<int>(width()) / 10;
-  }
-};
-
 TEST(PointMarkers, AMarkerMayLeaveItsStyleWhileItDraws) {
   for (const bool paletted : {false, true}) {
     DrawnSeries drawn({10, 20, 30}, {40, 50, 60});
     int count = 0;
     const auto palette = std::make_shared<TestPalette>();
     const auto style = paletted ? std::make_shared<VELLineSeriesStyle>() : drawn.series->style();
-    palette->answer = [&](double, double, uint32_t) { return style; };
-    auto marker = std::make_shared<Leaving>();
-    marker->style = style;
-    marker->drawn = &count;
+    palette->answer = [&](auto...) { return style; };
+    auto marker = std::make_shared<Dots>();
+    marker->onDraw = [&] { style->setPointMarker(nullptr), style->setCluster(nullptr), ++count; };
     style->setDrawPointMarkers(true);
     style->setPointMarker(std::exchange(marker, nullptr));
     if (paletted) drawn.series->setPaletteProvider(palette);

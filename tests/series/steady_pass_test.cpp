@@ -2,14 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <vector>
 
 #include "tests/series/drawn_series.h"
 #include "tests/support/allocation_counter.h"
 #include "tests/support/recording_host.h"
 #include "velmora/axes/numeric_axis.h"
-#include "velmora/rendering/linear_gradient_pen.h"
-#include "velmora/surface/chart_renderer.h"
 #include "velmora/surface/hit_test_provider.h"
 
 namespace {
@@ -54,13 +51,12 @@ struct LineChart {
 
 // Styles in turn, all kept, with gradients and with markers.
 std::shared_ptr<TestPalette> makePalette() {
-  std::vector<std::shared_ptr<VELLineSeriesStyle>> styles(40);
-  for (size_t i = 0; i < styles.size(); ++i) {
-    styles[i] = std::make_shared<VELLineSeriesStyle>();
-    styles[i]->setDrawPointMarkers(i % 2 != 0);
-    if (i % 3 == 0) continue;
-    styles[i]->setLinePen(
-        std::make_shared<VELPenLinearGradient>(0xFF0000FF, 0xFFFF0000, VELGradientDirection_Vertical, 1.0f));
+  std::vector<std::shared_ptr<VELLineSeriesStyle>> styles;
+  for (int i = 0; i < 40; ++i) {
+    styles.push_back(std::make_shared<VELLineSeriesStyle>());
+    styles.back()->setDrawPointMarkers(i % 2 != 0);
+    if (i % 3 != 0)
+      styles.back()->setLinePen(VELPen2D::linearGradient(1, 2, VELGradientDirection_Vertical, 1.0f));
   }
   auto palette = std::make_shared<TestPalette>();
   palette->answer = [styles](double, double, uint32_t index) { return styles[index % styles.size()]; };

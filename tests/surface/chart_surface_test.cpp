@@ -9,7 +9,6 @@
 
 #include "tests/support/recording_chart.h"
 #include "velmora/axes/numeric_axis.h"
-#include "velmora/platform/gesture_recognizer.h"
 #include "velmora/series/fast_line_renderable_series.h"
 
 namespace {
@@ -52,15 +51,6 @@ struct Gestures : VELSurfaceGestures {
   void disableDoubleTapGesture() override { told += "-double "; }
 };
 
-TEST(ChartSurface, ExistsOnlyOnAView) {
-  EXPECT_EQ(VELChartSurface::init(), nullptr);
-  EXPECT_EQ(VELChartSurface::initWithView(nullptr), nullptr);
-  RecordingChart chart;
-  for (int32_t side = 0; side < 4; ++side)
-    EXPECT_EQ(chart.view->area(VELChartSide(side))->orientation(),
-              side < 2 ? VELOrientation_Vertical : VELOrientation_Horizontal);
-}
-
 // A letter is a series; the same one twice is drawn twice, and leaves both its places when it is detached.
 TEST(ChartSurface, ClearingSeriesDetachesEveryOtherOneOfTheShrinkingList) {
   for (const auto& [attached, left] : {std::pair<std::string, std::string>{"abcd", "bd"},
@@ -93,20 +83,19 @@ TEST(ChartSurface, ClearingSeriesDetachesEveryOtherOneOfTheShrinkingList) {
 }
 
 TEST(ChartSurface, AxesStandWhereTheirAlignmentSays) {
-  struct Row {
+  const struct {
     bool isXAxis;
     VELAxisAlignment alignment, resulting;
     VELChartSide side;
     bool newestFirst;
-  };
-  const Row rows[] = {{true, VELAxisAlignment_Default, VELAxisAlignment_Bottom, VELChartSide_Bottom, false},
-                      {false, VELAxisAlignment_Default, VELAxisAlignment_Right, VELChartSide_Right, false},
-                      {false, VELAxisAlignment_Right, VELAxisAlignment_Right, VELChartSide_Right, false},
-                      {false, VELAxisAlignment_Left, VELAxisAlignment_Left, VELChartSide_Left, true},
-                      {false, VELAxisAlignment_Top, VELAxisAlignment_Top, VELChartSide_Top, true},
-                      {false, VELAxisAlignment_Bottom, VELAxisAlignment_Bottom, VELChartSide_Bottom, false}};
+  } rows[] = {{true, VELAxisAlignment_Default, VELAxisAlignment_Bottom, VELChartSide_Bottom, false},
+              {false, VELAxisAlignment_Default, VELAxisAlignment_Right, VELChartSide_Right, false},
+              {false, VELAxisAlignment_Right, VELAxisAlignment_Right, VELChartSide_Right, false},
+              {false, VELAxisAlignment_Left, VELAxisAlignment_Left, VELChartSide_Left, true},
+              {false, VELAxisAlignment_Top, VELAxisAlignment_Top, VELChartSide_Top, true},
+              {false, VELAxisAlignment_Bottom, VELAxisAlignment_Bottom, VELChartSide_Bottom, false}};
   RecordingChart chart;
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     const auto first = makeAxis(row.alignment), second = makeAxis(row.alignment);
     for (const auto& axis : {first, second}) chart.surface->attachAxis(axis, row.isXAxis);
     const auto& area = chart.view->area(row.side);
@@ -236,19 +225,6 @@ TEST(ChartSurface, ModifierAndAnnotationDrawInThatOrderIntoContextsThatWereClear
     chart.tick();
     EXPECT_EQ(log, expected);
   }
-
-  struct Pinch : VELPinchGestureRecognizer {
-    VELGestureState state() const override { return VELGestureState_Began; }
-    VELPoint locationInView(const VELView&) const override { return {}; }
-    double scale() const override { return 1.0; }
-    int32_t numberOfTouches() const override { return 2; }
-    VELPoint locationOfTouch(int32_t, const VELView&) const override { return {}; }
-  };
-  const Pinch pinch;
-  EXPECT_FALSE(annotation->onTapGesture(pinch, *chart.view) ||
-               annotation->onDoubleTapGesture(pinch, *chart.view) ||
-               annotation->onPanGesture(pinch, *chart.view) || annotation->onPinchGesture(pinch, *chart.view))
-      << "taken though nobody said so";
 }
 
 TEST(ChartSurface, WhatRunsInAPassMayLetGoOfIt) {
@@ -323,6 +299,7 @@ TEST(ChartSurface, FreeingLetsGoOfEverything) {
   chart.surface.reset();
   chart.tick();
   EXPECT_EQ(chart.view->recording->delegate(), nullptr);
+  EXPECT_EQ(VELChartSurface::initWithView(nullptr), nullptr) << "none exists without a view";
 }
 
 }  // namespace

@@ -102,19 +102,6 @@ TEST(ChartSurfaceView, ALayoutThatRaisesIsNotTheLastAndOneMayEndTheView) {
   EXPECT_EQ(chart.view, nullptr);
 }
 
-TEST(ChartSurfaceView, DestructionFreesEveryGlObject) {
-  RecordingHost host;
-  for (const int round : {1, 2}) {
-    const auto view = VELChartSurfaceView::initWithFrame({0.0, 0.0, 200.0, 100.0}, host);
-    host.rootView()->addSubview(view);
-    host.settle();
-    EXPECT_GT(host.gl().liveObjects(), 0u) << round;
-    view->removeFromSuperview();
-  }
-  EXPECT_EQ(host.gl().liveObjects(), 0u);
-  host.tick();
-}
-
 TEST(ChartSurfaceView, APassSurvivesWhatItsCallbacksDo) {
   Chart chart({0.0, 0.0, 640.0, 360.0});
   VELChartSurface& surface = *chart.view->surface();

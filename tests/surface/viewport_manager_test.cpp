@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
-#include <utility>
 
+#include "tests/support/numbers.h"
 #include "tests/surface/chart_with_axes.h"
-#include "velmora/axes/date_time_axis.h"
 
 namespace {
 
@@ -59,7 +57,7 @@ TEST(ViewportManager, ItsHooksGiveRangesToThePassAndToTheStepsThatAreOffered) {
   const std::pair<VELRangePtr, double> rows[] = {{nullptr, 4.0},
                                                  {std::make_shared<VELDoubleRange>(2.0, 5.0), 5.0},
                                                  {std::make_shared<VELIndexRange>(2, 6), 6.0},
-                                                 {std::make_shared<VELDoubleRange>(std::nan(""), 7.0), 4.0}};
+                                                 {std::make_shared<VELDoubleRange>(kNaN, 7.0), 4.0}};
   for (const auto& [range, top] : rows) {
     RecordingChart chart;
     const auto x = std::make_shared<Axis>(), y = std::make_shared<Axis>();
@@ -95,20 +93,6 @@ TEST(ViewportManager, OneThatWasGivenToAnotherSurfaceStaysThere) {
   EXPECT_TRUE(manager->isAttachedTo(*second.surface));
   second.surface->setViewportManager(nullptr);
   EXPECT_FALSE(manager->isAttached());
-}
-
-TEST(ViewportManager, ADateAxisTakesTheRangeOfItsDates) {
-  RecordingChart chart;
-  const auto x = std::make_shared<VELDateTimeAxis>();
-  chart.surface->attachAxis(x, true);
-  chart.surface->attachAxis(std::make_shared<VELNumericAxis>(), false);
-  auto data = std::make_shared<VELXyDataSeries>(VELDataType_DateTime, VELDataType_Double);
-  for (int i = 0; i < 3; ++i) data->appendX(VELDate(1e9 + i * 1e6), i);
-  auto series = std::make_shared<VELFastLineRenderableSeries>();
-  series->setDataSeries(data);
-  chart.surface->attachRenderableSeries(series);
-  EXPECT_EQ(runPass(chart), 0u);
-  EXPECT_TRUE(x->visibleRange()->equals(VELDateRange(1e9, 1.002e9)));
 }
 
 TEST(ViewportManager, BlocksOfAWalkMayReplaceTheManagerAndTheAxes) {
