@@ -25,8 +25,8 @@ class VELSDLSignalKeeper {
 };
 
 /// While it runs, a signal becomes an event of the loop: one that the application left to end the process.
-/// The second of its kind ends the process, whether the loop came to the first or not. A signal that the
-/// application handles or ignores stays its own.
+/// Another one of its kind, a quarter of a second later or once the loop came to the first, ends the process.
+/// A signal that the application handles or ignores stays its own.
 class VELSDLSignalWatch {
  public:
   VELSDLSignalWatch() = default;
