@@ -194,7 +194,9 @@ class RecordingGL final : public VELGL {
   void remove(const std::string& kind, uint32_t name);
   uint32_t known(const std::string& kind, uint32_t name) const;
   static std::vector<std::byte> copyOf(const void* data, size_t bytes);
-  static size_t pixelBytes(int32_t width, int32_t height) { return static_cast<size_t>(4 * width * height); }
+  static size_t pixelBytes(int32_t width, int32_t height) {
+    return size_t{4} * static_cast<size_t>(width) * static_cast<size_t>(height);
+  }
 
   std::map<std::string, uint32_t> _names;
   std::set<std::string> _live;
