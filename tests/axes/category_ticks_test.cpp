@@ -20,10 +20,5 @@ TEST(CategoryTicks, StandOnWholeIndicesThatExist) {
       EXPECT_EQ(listOf(axis->tickProvider()->getMajorTicksFromAxis(*axis)), row.majors) << row.min;
       EXPECT_EQ(listOf(axis->tickProvider()->getMinorTicksFromAxis(*axis)), row.minors) << row.min;
     }
-    axis->setAutoTicks(true);
-    chart.show(-0.5, 11.5);
-    axis->calculateDelta();
-    EXPECT_EQ(VELGenericDouble(axis->majorDelta()), 2.0);
-    EXPECT_EQ(VELGenericDouble(axis->minorDelta()), 1.0);
   }
 }

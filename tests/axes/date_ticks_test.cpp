@@ -2,7 +2,7 @@
 
 #include "tests/axes/tick_lists.h"
 #include "velmora/axes/date_time_axis.h"
-#include "velmora/axes/date_time_tick_provider.h"
+#include "velmora/axes/tick_provider.h"
 #include "velmora/axes/time_spans.h"
 #include "velmora/platform/date_formatter.h"
 
@@ -32,7 +32,6 @@ struct DateTicks {
   std::vector<double> majors, minors;
 
   explicit DateTicks(const std::string& zone = "UTC") { axis->setTimeZone(zone); }
-  VELDateTimeTickProvider& provider() const { return dynamic_cast<VELDateTimeTickProvider&>(*asked); }
   void list(double from, double to, double minor, double major) {
     axis->setVisibleRange(std::make_shared<VELDateRange>(from, to));
     axis->setMajorDelta(major);
@@ -57,25 +56,20 @@ TEST(DateTicks, StandOnTheLocalCalendarWhateverItsClocksDo) {
     const char* majors;
     size_t minors;
     const char* minorTexts = nullptr;
-  } rows[] = {
-      // Both changes of both zones lie between the months.
-      {berlin, "2024-01-31T13:00", "2024-05-01", 14 * kDay, kMonth,
-       "20240201T00 20240301T00 20240401T00 20240501T00 ", 7},
-      {berlin, "2023-10-01", "2023-12-31", 14 * kDay, kMonth, "20231001T00 20231101T00 20231201T00 ", 6},
-      {newYork, "2023-09-15", "2024-04-30", kMonth, 3 * kMonth, "20231001T00 20240101T00 20240401T00 ", 4,
-       "20231101T00 20231201T00 20240201T00 20240301T00 "},
-      // Here the first of October began at one o'clock.
-      {"America/Asuncion", "2023-08-20", "2023-11-02", 14 * kDay, kMonth,
-       "20230901T00 20231001T01 20231101T00 ", 5},
-      // A day that is the first of a month has begun before its afternoon.
-      {utc, "2024-04-01T13:45", "2025-12-31", kMonth, 6 * kMonth, "20240701T00 20250101T00 20250701T00 ", 17},
-      {utc, "2024-02-28", "2024-03-01T12:00", kDay / 2, kDay, "20240228T00 20240229T00 20240301T00 ", 2,
-       "20240228T12 20240229T12 "},
-      {berlin, "2024-03-31T00:30", "2024-03-31T04:00", 1800, kHour, "20240331T01 20240331T03 20240331T04 ",
-       2},
-      {newYork, "2000-06-01", "2021-03-01", kAuto, kAuto, "20050101T00 20100101T00 20150101T00 20200101T00 ",
-       17},
-      {utc, "-4000-01-01", "12000-01-01", kAuto, kAuto, "00101T00 50000101T00 100000101T00 ", 12}};
+  } rows[] = {// Both changes of both zones lie between the months.
+              {berlin, "2024-01-31T13:00", "2024-05-01", 14 * kDay, kMonth,
+               "20240201T00 20240301T00 20240401T00 20240501T00 ", 7},
+              {newYork, "2023-09-15", "2024-04-30", kMonth, 3 * kMonth,
+               "20231001T00 20240101T00 20240401T00 ", 4, "20231101T00 20231201T00 20240201T00 20240301T00 "},
+              // Here the first of October began at one o'clock.
+              {"America/Asuncion", "2023-08-20", "2023-11-02", 14 * kDay, kMonth,
+               "20230901T00 20231001T01 20231101T00 ", 5},
+              {utc, "2024-02-28", "2024-03-01T12:00", kDay / 2, kDay, "20240228T00 20240229T00 20240301T00 ",
+               2, "20240228T12 20240229T12 "},
+              {berlin, "2024-03-31T00:30", "2024-03-31T04:00", 1800, kHour,
+               "20240331T01 20240331T03 20240331T04 ", 2},
+              {newYork, "2000-06-01", "2021-03-01", kAuto, kAuto,
+               "20050101T00 20100101T00 20150101T00 20200101T00 ", 17}};
   for (const auto& row : rows) {
     DateTicks ticks(row.zone);
     const VELCalendar& calendar = ticks.axis->calendar();
@@ -84,63 +78,6 @@ TEST(DateTicks, StandOnTheLocalCalendarWhateverItsClocksDo) {
     EXPECT_EQ(ticks.minors.size(), row.minors) << row.zone << " " << row.from;
     EXPECT_EQ(ticks.textsOf(ticks.minors), row.minorTexts ? row.minorTexts : ticks.textsOf(ticks.minors));
   }
-}
-
-TEST(DateTicks, FollowTheAxisTheyAreListedForAndNotTheOneTheirProviderIsBoundTo) {
-  DateTicks tokyo("Asia/Tokyo"), newYork("America/New_York");
-  tokyo.axis->setTickProvider(newYork.asked);
-  tokyo.asked = newYork.asked;
-  for (DateTicks* ticks : {&newYork, &tokyo}) {
-    ticks->list(1.7e9, 1.71e9, kMonth, 3 * kMonth);
-    EXPECT_EQ(ticks->textsOf(ticks->majors), "20240101T00 ") << ticks->axis->timeZone();
-    EXPECT_EQ(ticks->textsOf(ticks->minors), "20231201T00 20240201T00 20240301T00 ");
-  }
-  EXPECT_EQ(newYork.textsOf({newYork.provider().roundUp(1.7e9, kMonth)}), "20231201T00 ");
-}
-
-TEST(DateTicks, AMinorGivesWayToAMajorAMillisecondOrAQuarterOfItsStepAway) {
-  DateTicks ticks;
-  ticks.list(0, 0.05, kAuto, kAuto);
-  std::vector<double> milliseconds;
-  for (int k = 1; k < 50; ++k)
-    if (k % 5 != 0) milliseconds.push_back(k / 1000.0);
-  EXPECT_EQ(ticks.minors, milliseconds);
-  // One minor in sight, a little before a major of the calendar or of the clock.
-  const double february = momentOf(ticks.axis->calendar(), "2024-02-01");
-  for (const double major : {kMonth, february}) {
-    for (const double before : {0.0005, 0.002}) {
-      ticks.list(february - 9, february + 9, february - before, major);
-      EXPECT_EQ(ticks.majors, std::vector<double>{february});
-      EXPECT_EQ(ticks.minors.size(), before < 0.001 ? 0u : 1u) << major << " " << before;
-    }
-  }
-}
-
-TEST(DateTicks, SingleMomentsAreRoundedToDaysAndMovedByFixedLengths) {
-  const struct {
-    const char* moment;
-    double delta;
-    const char* roundedUp;
-    bool isDivisible;
-  } rows[] = {
-      {"2023-05-15", 3 * kMonth, "20230701T00", false},     {"2023-11-20", 3 * kMonth, "20240101T00", false},
-      {"2023-02-10", 6 * kMonth, "20230701T00", false},     {"2023-11-10", 5 * kMonth, "20240301T00", false},
-      {"2021-01-01", 5 * kYear, "20250101T00", true},       {"2021-02-01", 6 * kMonth, "20210701T00", true},
-      {"2020-01-01T13:45", 5 * kYear, "20200101T13", true}, {"2021-01-02T01:00", kDay, "20210102T01", true},
-      {"2021-01-02T02:00", kDay, "20210103T01", false}};
-  const DateTicks ticks("Europe/Berlin");
-  const VELCalendar& calendar = ticks.axis->calendar();
-  const VELDateTimeTickProvider& provider = ticks.provider();
-  for (const auto& row : rows) {
-    const double moment = momentOf(calendar, row.moment);
-    EXPECT_EQ(textOf(calendar, provider.roundUp(moment, row.delta)), row.roundedUp) << row.moment;
-    EXPECT_EQ(provider.isDateDivisible(moment, row.delta), row.isDivisible) << row.moment;
-  }
-  EXPECT_EQ(provider.addDelta(100, 26 * kMonth), 100 + 2 * kYear + 2 * kMonth);
-  EXPECT_EQ(provider.addDelta(100, 90), 190);
-  EXPECT_FALSE(provider.isAdditionValid(1e308, 1e308));
-  EXPECT_EQ(textOf(calendar, provider.p_VEL_newAlignedDateTime(2020, 37).timeIntervalSince1970()),
-            "20230101T00");
 }
 
 TEST(DateTicks, HaveAnEndWhateverRangeAndStep) {
@@ -161,28 +98,6 @@ TEST(DateTicks, HaveAnEndWhateverRangeAndStep) {
   ticks.list(0, 1, 0.02, 0.1);
   EXPECT_EQ(ticks.majors.size(), 11u);
   EXPECT_EQ(ticks.majors[3], 0.3);
-}
-
-/// Time in steps of seconds, by the operations alone.
-struct PlainTime : VELTimeSpanTickProviderBase {
-  double getTicks(const VELGenericType& value) const override { return VELGenericDouble(value); }
-  double roundUp(double value, double delta) const override { return std::ceil(value / delta) * delta; }
-  double addDelta(double value, double delta) const override { return value + delta; }
-  bool isAdditionValid(double, double) const override { return true; }
-  bool isDateDivisible(double value, double delta) const override { return std::fmod(value, delta) == 0.0; }
-};
-
-TEST(TimeSpanTicks, FollowTheOperationsOfTheirKind) {
-  DateTicks ticks;
-  ticks.list(3, 20, 2, 8);
-  PlainTime provider;
-  EXPECT_EQ(listOf(provider.getMajorTicksFromAxis(*ticks.axis)), (std::vector<double>{8, 16}));
-  EXPECT_EQ(listOf(provider.getMinorTicksFromAxis(*ticks.axis)), (std::vector<double>{4, 6, 10, 12, 14, 18}));
-  ticks.list(3e9, 9e9, 1e-9, 1e-9);
-  EXPECT_EQ(provider.getMajorTicksFromAxis(*ticks.axis)->count(), 1);
-  EXPECT_EQ(reasonOf<VELInternalInconsistencyException>(
-                [] { VELTimeSpanTickProviderBase().isDateDivisible(0, 1); }),
-            "isDateDivisible:ByDelta: must be implemented in subclass");
 }
 
 }  // namespace

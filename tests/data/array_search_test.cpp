@@ -48,23 +48,3 @@ TEST(ArraySearch, LargeIntegersAreFoundExactly) {
   for (const auto& [value, nearest] : {std::pair{base + 1, 1}, {base + 2, 2}, {INT64_MIN + 1, 0}})
     EXPECT_EQ(searched->indexOf(value, true, VELArraySearchMode_Nearest), nearest);
 }
-
-TEST(ArraySearch, UnsortedDataIsOnlyScanned) {
-  const auto unsorted = column(VELDataType_Int32, {5, 1, 3, 1});
-  EXPECT_EQ(unsorted->indexOf(1.0, false, VELArraySearchMode_Exact), 1);
-  EXPECT_EQ(unsorted->indexOf(2, false, VELArraySearchMode_Exact), -1);
-  EXPECT_EQ(
-      reasonOf([&] { unsorted->indexOf(1, false, VELArraySearchMode_Nearest); }),
-      "Unsorted data occurs in the collection. The only allowed SearchMode is VELArraySearchMode_Exact");
-}
-
-TEST(ArraySearch, DatesAreFoundByMomentsOnly) {
-  const auto dates = column(VELDataType_DateTime, {1.5, 2.5, 3.5});
-  EXPECT_EQ(dates->indexOf(VELDate(2.5), true, VELArraySearchMode_Exact), 1);
-  EXPECT_EQ(dates->indexOf(2.0, true, VELArraySearchMode_RoundDown), 0);
-  EXPECT_EQ(dates->indexOf(2, true, VELArraySearchMode_RoundDown), -1);
-  EXPECT_EQ(dates->indexOf(2.0F, true, VELArraySearchMode_Nearest), -1);
-  EXPECT_EQ(dates->indexOf(2, false, VELArraySearchMode_Exact), 1);  // a scan also finds whole seconds
-  const auto numbers = column(VELDataType_Float, {1, 2});
-  EXPECT_EQ(numbers->indexOf(VELDate(2), true, VELArraySearchMode_Nearest), -1);
-}

@@ -33,11 +33,6 @@ TEST(DisplayList, DisplaysMayComeAndGoWhileTheyAreBeingTold) {
     EXPECT_EQ(steady->told, time) << "listed twice, told once";
     EXPECT_EQ(late->told, time - 1);
   }
-  list.remove(nullptr);
-  list.remove(late.get());
-  steady.reset();
-  list.invalidateAll();
-  EXPECT_TRUE(list.isEmpty());
 }
 
 TEST(DisplayList, TheDeadAreForgottenThoughNobodyIsEverTold) {
@@ -78,10 +73,7 @@ TEST(DisplayList, ASeriesTellsItsBlockThenEveryDisplayWithoutAllocating) {
   const AllocationCounter allocations;
   series.updateAt(0, 2.0, 2.0);
   EXPECT_EQ(allocations.count(), 0);
-  EXPECT_EQ(first->told, 2);
   series.setOnDataSeriesChanged([&series] { series.setOnDataSeriesChanged(nullptr); });
-  series.removeDisplay(second.get());
   series.clear();
   EXPECT_FALSE(series.onDataSeriesChanged()) << "a block may take itself away";
-  EXPECT_EQ(second->told, 2);
 }

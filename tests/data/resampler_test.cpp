@@ -137,45 +137,8 @@ TEST(Resampler, OnlyAPointSeriesThatNobodyElseHoldsIsFilledAgain) {
   const VELPointSeries* const first = own.get();
   own = reduce(49, own);
   EXPECT_EQ(own.get(), first);
-  EXPECT_EQ(own->count(), 50);
   const auto shared = own;
   own = reduce(9, own);
   EXPECT_NE(own, shared);
   EXPECT_EQ(shared->count(), 50);
-  using Column = const VELArrayControllerPtr& (VELPointSeries::*)() const;
-  for (const Column column : {&VELPointSeries::xValues, &VELPointSeries::yValues, &VELPointSeries::indices}) {
-    own = reduce(9, nullptr);
-    const auto held = (*own.*column)();
-    EXPECT_EQ(reduce(49, std::exchange(own, nullptr))->count(), 50);
-    EXPECT_EQ(held->count(), 10) << "a column may be held, too";
-  }
-  const auto both = column(kDouble, {}), indices = column(VELDataType_Int32, {});
-  EXPECT_EQ(reduce(49, std::make_shared<VELPointSeries>(both, both, indices))->count(), 50);
-  struct OwnColumn : VELPointSeries {
-    explicit OwnColumn(VELDataType type) : x(column(type, {})) {}
-    const VELArrayControllerPtr& xValues() const override { return x; }
-    void setCount(int64_t count) override {
-      VELPointSeries::setCount(count);
-      x->setCount(x->type() == VELDataType_Double ? count - 1 : count);
-    }
-    VELArrayControllerPtr x;
-  };
-  for (const VELDataType type : kTypes)
-    EXPECT_EQ(reduce(49, std::make_shared<OwnColumn>(type))->xValues()->doubles().size(), 50u) << type;
-}
-
-TEST(Resampler, WhatNoModeAndNoOperationHandlesIsRaised) {
-  const auto all = column(kDouble, Values(10, 1.0));
-  struct Nothing : VELPointResampler {
-    PointSeriesPtr o_resampleWithoutReduction(const VELIndexRange&, const VELArrayController&,
-                                              const VELArrayController&, const PointSeriesPtr&) override {
-      return nullptr;
-    }
-  } nothing;
-  const auto reasonAt = [&](VELResamplingMode mode, int32_t width) {
-    const VELIndexRange range(0, 9);
-    return reasonOf([&] { nothing.o_executeMode(mode, *all, *all, range, kAnyRange, width, nullptr); });
-  };
-  EXPECT_EQ(reasonAt(static_cast<VELResamplingMode>(7), 1), "Resampling mode has not been handled.");
-  EXPECT_EQ(reasonAt(VELResamplingMode_MinMax, 100), "Resampling mode has not been handled.");
 }

@@ -95,7 +95,6 @@ TEST(UnevenResampler, AGapTakesThePlaceOfTheEndThatShowsNothingElse) {
     Values y;
     Indices kept;
   } rows[] = {
-      {{5, 0, 9, 4, 4, 4, 4, 4, 6}, {0, 1, 2, 8}},
       {{5, 0, 9, 4, kNaN, kNaN, 4, 4, 6}, {1, 2, 4, 8}},     // extremes before the gap: the first gives way
       {{5, 4, 4, kNaN, kNaN, 4, 0, 9, 6}, {0, 3, 6, 7}},     // behind it: the last
       {{5, 0, 9, 6, 6, 6, 6, kNaN, kNaN}, {0, 1, 2, 7}},     // the last touches the gap
@@ -145,19 +144,4 @@ TEST(UnevenResampler, NoXAndNoVisibleRangeBreaksIt) {
       }
     }
   }
-}
-
-TEST(UnevenResampler, ALongRunOfNaNInXIsOneGap) {
-  // Two points in the first pixel column, then the run, then the last two columns.
-  constexpr int32_t width = 20000;
-  Values x(300000, kNaN);
-  Values y(x.size(), 3.0);
-  x[0] = 0.0;
-  x[1] = 0.5;
-  x[x.size() - 2] = width - 1.5;
-  x[x.size() - 1] = width;
-  const auto last = static_cast<int32_t>(x.size()) - 1;
-  y[150000] = 9.0;
-  const Indices indices = reduced(x, y, VELDoubleRange(0.0, 1e9), width);
-  EXPECT_EQ(indices, (Indices{0, 1, 2, 150000, last - 1, last}));
 }

@@ -70,21 +70,17 @@ struct SeriesOf {
 
 struct XyClass : SeriesOf<VELXyDataSeries, VELPointSeries, &VELXyDataSeries::yValues> {
   static constexpr const char* keywords = "X:Y:";
-  static constexpr int32_t type = 0;
 };
 struct XyyClass : SeriesOf<VELXyyDataSeries, VELXyyPointSeries, &VELXyyDataSeries::y1Values,
                            &VELXyyDataSeries::y2Values> {
   static constexpr const char* keywords = "X:Y1:Y2:";
-  static constexpr int32_t type = 3;
 };
 struct OhlcClass : SeriesOf<VELOhlcDataSeries, VELOhlcPointSeries, &VELOhlcDataSeries::openValues,
                             &VELOhlcDataSeries::highValues, &VELOhlcDataSeries::lowValues,
                             &VELOhlcDataSeries::closeValues> {
   static constexpr const char* keywords = "X:Open:High:Low:Close:";
-  static constexpr int32_t type = 1;
 };
 struct XyzClass
     : SeriesOf<VELXyzDataSeries, VELXyzPointSeries, &VELXyzDataSeries::yValues, &VELXyzDataSeries::zValues> {
   static constexpr const char* keywords = "X:Y:Z:";
-  static constexpr int32_t type = 4;
 };

@@ -133,43 +133,6 @@ TEST_F(GLComposer, ALayerShowsItsPixelsUprightAtItsFrameAndALabelAboveIt) {
   EXPECT_TRUE(isMixed);
 }
 
-TEST_F(GLComposer, ALayerOfAnotherSizeIsStretchedAndOneCutToWholePointsIsNot) {
-  addLayer({0, 0, 40, 40}, 8, 8)->layer.present();
-  addLayer({50, 0, 40.7, 40.7}, 80, 80)->layer.present();
-  const VELBitmap picture = host->picture();
-  expectPixels(picture, kRed, {{79, 0}, {100, 39}});
-  expectPixels(picture, kGreen, {{79, 79}, {100, 40}});
-  expectPixels(picture, kBlack, {{180, 40}});  // what was cut off stays empty
-  EXPECT_NE(picture.colorCodeAt(0, 39), picture.colorCodeAt(0, 36)) << "stretched, the halves fade over";
-}
-
-TEST_F(GLComposer, AnUnchangedLabelIsNeverRasterisedTwice) {
-  const auto label = addLabel("0.25", {30.0, 30.0});
-  addLabel("0.25", {90.0, 30.0}, kQuarter);
-  VELTextTextureCache& cache = host->composer().textCache();
-  const VELBitmap first = host->picture();
-  EXPECT_EQ(cache.rasterised(), 1u) << "a turned label shares the texture";
-  for (int frame = 0; frame < 3; ++frame) EXPECT_EQ(host->picture(), first);
-  label->setText("0.25");
-  label->setTextColor(VELColor(1.0, 0.0, 0.0));
-  label->setFrame({1.0, 2.0, 30.0, 14.0});
-  EXPECT_NE(host->picture(), first);
-  EXPECT_EQ(cache.rasterised(), 1u) << "neither colour nor place is in the texture";
-  label->setText("0.50");
-  host->picture();
-  EXPECT_EQ(cache.rasterised(), 2u);
-}
-
-TEST_F(GLComposer, ACacheTooSmallForAFrameStillGivesTheWholeFrame) {
-  host->setBackgroundColor(VELColor::fromColorCode(kWhite));
-  for (int i = 0; i < 5; ++i) addLabel(std::to_string(i), {10.0 + 20.0 * i, 30.0});
-  const VELBitmap whole = host->picture();
-  host->composer().textCache().setByteLimit(0);
-  EXPECT_EQ(host->picture(), whole);
-  EXPECT_EQ(host->picture(), whole);
-  EXPECT_EQ(host->composer().textCache().count(), 0u);
-}
-
 TEST_F(GLComposer, WhateverStateGLWasLeftInThePictureIsTheSame) {
   addLayer({10, 10, 50, 40}, 50, 40)->layer.present();
   addLabel("0.25", {30.0, 30.0});

@@ -1,18 +1,15 @@
-// platform/loop_test.cpp: what a host's loop counts on: timers, paces, densities and fingerprints.
+// platform/loop_test.cpp: what a host's loop counts on: timers, paces and densities.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <functional>
 #include <limits>
-#include <memory>
 #include <string>
 #include <utility>
 
 #include "velmora/platform/density.h"
 #include "velmora/platform/frame_pacer.h"
-#include "velmora/platform/label_view.h"
 #include "velmora/platform/timer_list.h"
-#include "velmora/platform/tree_fingerprint.h"
 
 namespace {
 
@@ -110,37 +107,4 @@ TEST(Density, RoundedSizesOfOneWindowHaveOneDensity) {
     EXPECT_EQ(VELDensityOf({0.0, 10.0}, {0.0, 20.0}, density), density);
     EXPECT_EQ(VELDensityOf({kNaN, 10.0}, {10.0, 20.0}, density), density);
   }
-}
-
-TEST(TreeFingerprint, EveryChangeThatShowsChangesItAndNoOther) {
-  const auto root = std::make_shared<VELView>(VELRect{0, 0, 100, 100});
-  const auto one = std::make_shared<VELLabelView>(), two = std::make_shared<VELLabelView>();
-  root->addSubview(one);
-  root->addSubview(two);
-  one->setText("1");
-  two->setText("2");
-  const std::function<void()> changes[] = {
-      [&] { one->setText("3"); },
-      [&] {
-        one->setFont({"serif", 14.0, true});
-      },
-      [&] { one->setTextColor(VELColor(1.0f, 0.0f, 0.0f)); },
-      [&] { one->setTransform(VELAffineTransform::rotation(1.0)); },
-      [&] {
-        root->setFrame({1, 0, 100, 100});
-      },
-      [&] { root->insertSubview(two, 0); },
-      [&] { two->setHidden(true); },
-      [&] { one->removeFromSuperview(); },
-  };
-  uint64_t before = VELTreeFingerprint::of(*root);
-  for (const auto& change : changes) {
-    change();
-    const uint64_t after = VELTreeFingerprint::of(*root);
-    EXPECT_NE(after, before) << &change - changes;
-    EXPECT_EQ(VELTreeFingerprint::of(*root), after);
-    before = after;
-  }
-  two->setText("hidden anyway");
-  EXPECT_EQ(VELTreeFingerprint::of(*root), before);
 }

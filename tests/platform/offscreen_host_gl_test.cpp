@@ -1,4 +1,4 @@
-// platform/offscreen_host_gl_test.cpp: what a host without a window accepts, and its beat.
+// platform/offscreen_host_gl_test.cpp: what a host without a window accepts, and its end.
 #include "velmora/platform/offscreen/offscreen_host.h"
 
 #include <gtest/gtest.h>
@@ -41,45 +41,6 @@ TEST(OffscreenHost, SizesAndScalesThatMakeNoPictureAreNamed) {
     EXPECT_NE(failure.find(row.named), std::string::npos) << failure;
     EXPECT_EQ(VELOffscreenHost::create(row.size, row.scale), nullptr);
   }
-}
-
-TEST(OffscreenHost, ThePictureHasSizeTimesScalePixelsOfTheOpaqueBackground) {
-  const struct {
-    VELSize size;
-    double scale;
-    int32_t width, height;
-  } rows[] = {{{32.0, 20.0}, 1.0, 32, 20},
-              {{32.0, 20.0}, 2.0, 64, 40},
-              {{33.0, 21.0}, 1.5, 50, 32},
-              {{0.1, 0.1}, 1.0, 1, 1}};
-  for (const auto& row : rows) {
-    const auto host = VELOffscreenHost::create(row.size, row.scale);
-    ASSERT_TRUE(host);
-    EXPECT_EQ(host->rootView()->frame(), (VELRect{0.0, 0.0, row.size.width, row.size.height}));
-    host->setBackgroundColor(VELColor::fromColorCode(0x20C08040u));
-    const VELBitmap picture = host->picture();
-    ASSERT_EQ(picture.width(), row.width);
-    ASSERT_EQ(picture.height(), row.height);
-    for (int32_t y = 0; y < row.height; ++y)
-      for (int32_t x = 0; x < row.width; ++x) ASSERT_EQ(picture.colorCodeAt(x, y), 0xFFC08040u);
-  }
-}
-
-TEST(OffscreenHost, ABeatLaysOutThenCallsThenLaysOutWhatTheCallChanged) {
-  const auto host = VELOffscreenHost::create({10.0, 10.0}, 1.0);
-  ASSERT_TRUE(host);
-  std::string log;
-  const auto view = std::make_shared<Watcher>();
-  view->onLayout = [&] { log += 'L'; };
-  host->rootView()->addSubview(view);
-  host->displayLink()->add([&](double seconds) {
-    log += seconds == 0.25 ? 'T' : '?';
-    EXPECT_EQ(VELGLContext::current(), host->glContext().get());
-    view->setNeedsLayout();
-  });
-  const auto other = VELOffscreenHost::create({10.0, 10.0}, 1.0);
-  host->tick(0.25);
-  EXPECT_EQ(log, "LTL");
 }
 
 // An application may close its chart in answer to a refresh.

@@ -75,20 +75,6 @@ TEST(View, AViewHasOnePlaceInOneTreeAndNeverBelowItself) {
   EXPECT_EQ(first->superview(), nullptr);
 }
 
-TEST(View, OnlyWhatAskedIsLaidOutAndASizeAsksAPlaceDoesNot) {
-  const auto top = makeView("t"), low = makeView("l");
-  top->addSubview(low);
-  for (int i = 0; i < 2; ++i) top->layoutIfNeeded();
-  EXPECT_EQ(top->layouts, 1);
-  low->setFrame({5, 6, 10, 10});
-  top->layoutIfNeeded();
-  EXPECT_EQ(low->layouts, 1);
-  low->setFrame({5, 6, 11, 10});
-  top->layoutIfNeeded();
-  EXPECT_EQ(low->layouts, 2);
-  EXPECT_EQ(top->layouts, 1);
-}
-
 TEST(View, ALayoutMayTakeItsOwnViewAwayOrAddOneAndNoneIsForgotten) {
   const auto top = makeView("t"), next = makeView("b"), added = makeView("c");
   auto leaving = makeView("a");

@@ -10,8 +10,6 @@
 #include <fstream>
 #include <string>
 
-#include "examples/plot/failure.h"
-
 namespace {
 
 namespace fs = std::filesystem;
@@ -70,17 +68,6 @@ TEST_F(ByteTailTest, APipeEndsWhenItsLastWriterIsGoneAndNotBefore) {
   expectPiece(tail, State::More, "row");
   ::close(writer);
   expectPiece(tail, State::End);
-}
-
-TEST_F(ByteTailTest, WhatCannotBeReadIsRefusedByName) {
-  for (const fs::path& path : {_folder / "missing.csv", _folder}) {
-    try {
-      const ByteTail tail(path);
-      ADD_FAILURE() << path;
-    } catch (const PlotFailure& failure) {
-      EXPECT_NE(std::string(failure.what()).find(path.string()), std::string::npos);
-    }
-  }
 }
 
 }  // namespace

@@ -59,10 +59,8 @@ class Plot : public ::testing::Test {
 
 TEST_F(Plot, BadInputEndsWithOneSentenceAndTouchesNothing) {
   write("empty.csv", "");
-  write("blank.csv", " \n\r\n");
   write("header.csv", "a,b\n");
   write("words.csv", "a,b\nx,y\n");
-  write("mixed.csv", "a,b\n1,y\n2,z\n");
   write("huge.csv", "a,b\n1,-1e308\n2,1e308\n");
   write("zeros.csv", "a,b\n1,0\n2,-1\n");
   write("dates.csv", "d,a\n2004-08-19,1\n2004-08-20,-2\n2004-08-21,0\n");
@@ -79,14 +77,9 @@ TEST_F(Plot, BadInputEndsWithOneSentenceAndTouchesNothing) {
       {{path("missing.csv")}, "missing.csv' cannot be read"},
       {{_folder.string()}, "is a directory"},
       {{path("empty.csv")}, "is empty"},
-      {{path("blank.csv")}, "is empty"},
       {{path("header.csv")}, "no numeric column"},
-      {{path("words.csv")}, "no numeric column"},
-      {{path("mixed.csv"), "--y", "b"}, "'b'"},
       {{good, "--y", "c"}, "has no column 'c'; it has 't', 'a', 'b'"},
-      {{good, "--x", "T"}, "has no column 'T'"},
       {{good, "--size", "12"}, "'12' is not two positive numbers"},
-      {{good, "--size", "0x100"}, "is not two positive numbers"},
       {{good, "--size", "1000000x100"}, "1000000"},
       {{good, "--scale", "1e300"}, "at most"},
       {{good, "--scale", "-2"}, "'-2' is not a positive number"},
@@ -97,14 +90,10 @@ TEST_F(Plot, BadInputEndsWithOneSentenceAndTouchesNothing) {
       {{good, "--out", ""}, "name of the picture is empty"},
       {{path("huge.csv")}, "column 'b' of"},
       {{good, "--x", "t", "--category", "t"}, "--category and --x"},
-      {{good, "--category", "t", "--log-x"}, "--log-x has no meaning with --category"},
-      {{good, "--category", "c"}, "has no column 'c'"},
-      {{good, "--y2", "c"}, "has no column 'c'"},
       {{good, "--x", "t", "--y2", "a", "--y2", "b"}, "on the first Y axis"},
       {{good, "--tz", "Mars/Base"}, "Mars/Base"},
       {{good, "--locale", "xx_YY"}, "xx_YY"},
       {{dates, "--y", "d"}, "'d' of"},
-      {{dates, "--y2", "d"}, "'d' of"},
       {{dates, "--log-x"}, "'d' of"},
       {{path("words.csv"), "--category", "a"}, "neither numbers nor dates"},
       {{path("zeros.csv"), "--log-y"}, "'b' of"},
@@ -121,8 +110,8 @@ TEST_F(Plot, BadInputEndsWithOneSentenceAndTouchesNothing) {
   }
   std::set<std::string> left;
   for (const auto& entry : fs::directory_iterator(_folder)) left.insert(entry.path().filename().string());
-  EXPECT_EQ(left, (std::set<std::string>{"good.csv", "empty.csv", "blank.csv", "header.csv", "words.csv",
-                                         "mixed.csv", "huge.csv", "zeros.csv", "dates.csv", "old.png"}));
+  EXPECT_EQ(left, (std::set<std::string>{"good.csv", "empty.csv", "header.csv", "words.csv", "huge.csv",
+                                         "zeros.csv", "dates.csv", "old.png"}));
 }
 
 TEST_F(Plot, WritesAPictureOfSizeTimesScale) {
@@ -146,23 +135,6 @@ TEST_F(Plot, TellsOnceOfGaps) {
   EXPECT_EQ(
       err,
       "velmora-plot: 2 cells are empty or not a number and left out of the lines; the first is in line 3.\n");
-}
-
-TEST_F(Plot, EveryLineShowsItsColourAndTheSamePictureComesOutTwice) {
-  PlotOptions options;
-  options.size = {480.0, 320.0};
-  PlotColumns columns;
-  columns.xName = "t";
-  for (int i = 0; i < 8; ++i)
-    columns.lines.push_back({"line " + std::to_string(i), {0.0, 1.0}, {double(i), double(i)}});
-  const VELBitmap picture = drawPlot(columns, options);
-  std::set<uint32_t> colors;
-  for (int32_t y = 0; y < picture.height(); ++y)
-    for (int32_t x = 0; x < picture.width(); ++x) colors.insert(picture.colorCodeAt(x, y));
-  const VELVisualStyle& look = VELVisualStyle::standard();
-  for (size_t i = 0; i < 8; ++i) EXPECT_TRUE(colors.contains(look.seriesColor(i))) << i;
-  EXPECT_TRUE(colors.contains(look.background));
-  EXPECT_EQ(drawPlot(columns, options), picture);
 }
 
 // Where the line of a colour has its highest value between its ends, from 0 to 1 along the X axis.
@@ -195,7 +167,6 @@ TEST_F(Plot, EveryKindOfXAxisPutsThePointsWhereTheirValuesSay) {
       {{"--y", "a", "--flip-x"}, 0.9, colors[0]},
       {{"--y", "a", "--vertical"}, 0.1, colors[0]},
       {{"--y", "a", "--category", "d"}, 0.5, colors[0]},
-      {{"--y", "a", "--category", "n"}, 0.5, colors[0]},
       {{"--y", "a", "--x", "n"}, 9.0 / 99.0, colors[0]},
       {{"--y", "a", "--x", "n", "--log-x"}, 0.5, colors[0]},
       {{"--y", "n", "--y2", "a"}, 0.1, colors[1]},

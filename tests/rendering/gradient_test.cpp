@@ -19,7 +19,6 @@ using Codes = std::vector<uint32_t>;
 TEST(GradientRamp, MixesEachChannelBetweenTheCentresOfItsStepsAndHoldsTheEnds) {
   EXPECT_EQ(VELGradientRamp({{0, 0x00000000}, {1, 0x80FF04C8}}, 4),
             (Codes{0x10200119, 0x3060024B, 0x509F037D, 0x70DF04AF}));
-  EXPECT_EQ(VELGradientRamp({{0, 0xFF}, {1, 0}}, 2), (Codes{0xBF, 0x40})) << "191.25 and 63.75";
   EXPECT_EQ(VELGradientRamp({{0, 2}, {1, 0}}, 2), (Codes{2, 1})) << "halves are rounded up both ways";
   const struct {
     const char* what;
@@ -31,7 +30,6 @@ TEST(GradientRamp, MixesEachChannelBetweenTheCentresOfItsStepsAndHoldsTheEnds) {
               {"unsorted", {{1, 40}, {0, 0}}, {5, 15, 25, 35}},
               {"a step", {{0.5, 1}, {0.5, 9}, {0.5, 4}}, {1, 1, 4, 4}},
               {"a step on a centre", {{0.375, 1}, {0.375, 4}}, {1, 4, 4, 4}},
-              {"beyond", {{-1, 0}, {3, 64}}, {18, 22, 26, 30}},
               {"huge", {{-1e308, 10}, {1e308, 20}}, {15, 15, 15, 15}}};
   for (const auto& row : rows) EXPECT_EQ(VELGradientRamp(row.stops, 4), row.expected) << row.what;
 }
@@ -55,7 +53,6 @@ TEST(GradientBrush, SpansAnAreaOrShowsItsFirstColourWhereItCannot) {
               {7, 0, {6, 7, 8, kInf}, "1 1 1 1 "},
               {kNaN, 5, {0, 1}, "1 1 "},
               {0, kInf, {-1, 0, 1e9, kInf}, "1 1 1 1 "},
-              {-kInf, 5, {0, 6}, "1 1 "},
               {0, 1e-320, {0, 5e-321, 1}, "1 65534 65534 "}};
   for (const auto& row : rows) {
     for (const auto direction : {horizontal, vertical}) {
@@ -68,36 +65,6 @@ TEST(GradientBrush, SpansAnAreaOrShowsItsFirstColourWhereItCannot) {
       EXPECT_EQ(actual, row.columns) << row.x << ' ' << row.width;
     }
   }
-}
-
-TEST(GradientBrush, EveryWayToMakeOneGivesTheSameRampAndCopiesKeepIt) {
-  const double coords[] = {0, 1};
-  const uint32_t codes[] = {0xFF0000FF, 0xFFFF0000};
-  const VELColor start(1, 0, 0), finish(0, 0, 1);
-  const Codes ramp = VELGradientRamp({{0, codes[0]}, {1, codes[1]}}, 256);
-  const VELBrushPtr all[] = {std::make_shared<VELBrushLinearGradient>(start, finish, horizontal),
-                             std::make_shared<VELBrushLinearGradient>(coords, codes, horizontal),
-                             std::make_shared<VELBrushLinearGradient>(ramp, horizontal),
-                             VELBrush2D::linearGradient({{1, codes[1]}, {0, codes[0]}}, horizontal),
-                             std::make_shared<VELPenLinearGradient>(start, finish, horizontal, 2.0f),
-                             std::make_shared<VELPenLinearGradient>(coords, codes, horizontal, 2.0f),
-                             std::make_shared<VELPenLinearGradient>(ramp, horizontal, 2.0f),
-                             VELPen2D::linearGradient(codes[0], codes[1], horizontal, 2.0f)};
-  for (const VELBrushPtr& brush : all) {
-    brush->setDrawingAreaX(0, 0, 256, 1);
-    brush->setGradientIndex(3);
-    const VELBrushPtr copy = brush->clone();
-    EXPECT_TRUE(std::ranges::equal(copy->getGradientData(), ramp));
-    for (const auto& [x, entry] : {std::pair{-5.0, 0u}, {0.5, 0u}, {1.5, 1u}, {255.5, 255u}, {300.0, 255u}})
-      EXPECT_EQ(copy->colorCodeAtX(x, 7), ramp[entry]) << x;
-    EXPECT_EQ(column(*copy, 999), "65534 ");
-    EXPECT_FALSE(copy->hasAlpha());
-    const auto* const pen = dynamic_cast<const VELPen2D*>(copy.get());
-    EXPECT_EQ(pen ? pen->strokeThickness() : 2.0f, 2.0f);
-  }
-  EXPECT_TRUE(VELBrushLinearGradient(0xFF000000, 0xFE000000, vertical).hasAlpha());
-  EXPECT_TRUE(VELBrush2D::solid(0xFEFFFFFF)->hasAlpha() && !VELBrush2D::solid(0xFF000000)->hasAlpha());
-  EXPECT_EQ(VELBrushLinearGradient(Codes(), vertical).colorCodeAtX(1, 1), 0u);
 }
 
 // 100 points up to the value 10, from 0 or, logarithmic, from 1.
@@ -137,10 +104,8 @@ TEST(GradientBrush, SpansTheDataAlongTheAxisThatItRunsAlong) {
   EXPECT_EQ(alongX, Span(x->getCoordinateFrom(2), x->getCoordinateFrom(4)));
   EXPECT_EQ(alongY, Span(y->getCoordinateFrom(8), y->getCoordinateFrom(5)));
   EXPECT_EQ(spanOf(turned, horizontal), Span(turnedY->getCoordinateFrom(8), turnedY->getCoordinateFrom(5)));
-  EXPECT_EQ(spanOf(turned, vertical), Span(turnedX->getCoordinateFrom(2), turnedX->getCoordinateFrom(4)));
   series->setZeroLineY(-1);
   EXPECT_EQ(spanOf(upright, vertical), Span(alongY.first, y->getCoordinateFrom(-1)));
-  EXPECT_EQ(spanOf(upright, horizontal), alongX) << "the zero line is one of Y";
   series->setZeroLineY(0);
   const auto logarithmic = calculatorOf(false, false, true);
   EXPECT_EQ(spanOf(passOf(values, logarithmic, x), vertical).second, logarithmic->getCoordinateFrom(5))
@@ -155,12 +120,6 @@ TEST(GradientBrush, SpansTheDataAlongTheAxisThatItRunsAlong) {
   EXPECT_EQ(spanOf(passOf(none, y, x), vertical), before) << "no data";
   EXPECT_EQ(spanOf(passOf(std::weak_ptr<VELDataSeries>(), y, x), vertical), before);
   EXPECT_EQ(spanOf(passOf(values, nullptr, x), vertical), before);
-  VELBrushLinearGradient fixed(1, 2, horizontal);
-  fixed.setDrawingAreaX(1, 1, 1, 1);
-  fixed.setRenderPassData(nullptr);
-  fixed.setRequireRenderPassData(false);
-  fixed.setRenderPassData(&turned);
-  EXPECT_EQ(Span(fixed.min(), fixed.max()), before);
 }
 
 }  // namespace

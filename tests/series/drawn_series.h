@@ -15,8 +15,8 @@
 #include "velmora/surface/render_pass_data.h"
 
 /// One data unit is one point; y grows downwards with the screen.
-inline std::shared_ptr<VELCoordinateCalculator> identity(bool horizontal, bool flipped = false) {
-  return std::make_shared<VELFlippedDoubleCoordinateCalculator>(101.0, 0.0, 100.0, true, horizontal, flipped);
+inline std::shared_ptr<VELCoordinateCalculator> identity(bool horizontal) {
+  return std::make_shared<VELFlippedDoubleCoordinateCalculator>(101.0, 0.0, 100.0, true, horizontal, false);
 }
 
 /// Answers what a test says; null at first.
@@ -40,7 +40,7 @@ struct DrawnSeries {
       points->addX(xs[i], ys[i], static_cast<int32_t>(i) * indexStep);
     }
     series->setDataSeries(values);
-    data = std::make_shared<VELRenderPassData>(nullptr, points, values, series, identity(vertical, false),
+    data = std::make_shared<VELRenderPassData>(nullptr, points, values, series, identity(vertical),
                                                identity(!vertical));
   }
 

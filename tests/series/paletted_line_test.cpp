@@ -8,7 +8,6 @@
 #include "tests/series/drawn_series.h"
 #include "velmora/axes/numeric_axis.h"
 #include "velmora/rendering/linear_gradient.h"
-#include "velmora/series/ellipse_point_marker.h"
 
 namespace {
 
@@ -25,10 +24,9 @@ struct SpannedPen : VELLinearGradient<VELPen2D> {
   VELBrushPtr clone() const override { return std::make_shared<SpannedPen>(); }
 };
 
-std::shared_ptr<VELLineSeriesStyle> styleOf(VELPenPtr pen, bool markers = false) {
+std::shared_ptr<VELLineSeriesStyle> styleOf(VELPenPtr pen) {
   auto style = std::make_shared<VELLineSeriesStyle>();
   style->setLinePen(std::move(pen));
-  style->setDrawPointMarkers(markers);
   return style;
 }
 
@@ -60,57 +58,25 @@ TEST(PalettedLine, TheStyleOfASegmentIsThatOfThePointWhereItEnds) {
     std::vector<double> line;  // screen x, screen y, colour: 10 + index
   } rows[] = {
       {false, false, {0, 4, 10, 2, 6, 12, 3, 8, 13}},
-      {false, true, {4, 0, 10, 6, 2, 12, 8, 3, 13}},
       {true, false, {0, 4, 10, 2, 4, 12, 2, 6, 12, 3, 6, 13, 3, 8, 13}},
       {true, true, {4, 0, 10, 4, 2, 12, 6, 2, 12, 6, 3, 13, 8, 3, 13}},  // corners, then swapped
   };
   for (const auto& row : rows) {
     PalettedSeries drawn({0, 1, 2, 3}, {4, kNaN, 6, 8}, row.vertical);
     drawn.series->style()->setIsDigitalLine(row.digital);
-    int updates = 0;
-    std::vector<double> asked;
-    drawn.palette->onUpdate = [&] { ++updates; };
-    drawn.palette->answer = [&](double x, double y, uint32_t index) {
-      asked.insert(asked.end(), {x, y, 10.0 + index});
+    drawn.palette->answer = [](double, double, uint32_t index) {
       return styleOf(VELPen2D::solid(10 + index, 1.0f));
     };
     EXPECT_EQ(drawn.line(), row.line);
-    EXPECT_EQ(updates, 2);
-    // Asked for every place of the line, corners too, and then for every point again for its marker.
-    EXPECT_EQ(asked.size(), row.line.size() + 9);
-    asked.resize(row.line.size());
-    EXPECT_EQ(asked, row.line);
   }
 }
 
-TEST(PalettedLine, WhatAStyleLacksIsTheSeriesOwn) {
-  const auto markerOf = [](uint32_t colorCode) {
-    auto marker = std::make_shared<VELEllipsePointMarker>();
-    marker->setFillBrush(VELBrush2D::solid(colorCode));
-    return marker;
-  };
-  const auto withMarker = styleOf(VELPen2D::solid(8, 1.0f), true), withoutMarker = styleOf(nullptr, true);
-  withMarker->setPointMarker(markerOf(9));
-  withoutMarker->setPointMarker(nullptr);
-  const struct {
-    Style style;
-    uint32_t line, markerOfPlainSeries, markerOfMarkedSeries;
-  } rows[] = {{nullptr, 5, 0, 6},
-              {std::make_shared<OtherStyle>(), 5, 0, 6},
-              {withMarker, 8, 9, 9},
-              {withoutMarker, 5, 6, 6},
-              {styleOf(nullptr, false), 5, 0, 0}};
-  for (const auto& row : rows)
-    for (const bool marked : {false, true}) {
-      PalettedSeries drawn({30}, {40});
-      drawn.series->style()->setPointMarker(markerOf(6));
-      drawn.series->style()->setDrawPointMarkers(marked);
-      drawn.palette->answer = [&](double, double, uint32_t) { return row.style; };
-      EXPECT_EQ(drawn.line(), (std::vector<double>{30, 40, static_cast<double>(row.line)}));
-      const auto& last = drawn.surface->render->operations.back();
-      EXPECT_EQ(last.name == "ellipse" ? last.colorCode : 0,
-                marked ? row.markerOfMarkedSeries : row.markerOfPlainSeries);
-    }
+TEST(PalettedLine, AStyleWithoutAPenIsTheSeriesOwn) {
+  for (const Style& style : {Style(), Style(std::make_shared<OtherStyle>()), Style(styleOf(nullptr))}) {
+    PalettedSeries drawn({30}, {40});
+    drawn.palette->answer = [&](double, double, uint32_t) { return style; };
+    EXPECT_EQ(drawn.line(), (std::vector<double>{30, 40, 5}));
+  }
 }
 
 TEST(PalettedLine, AGradientPenGetsTheDataOnceAPassTheSeriesOwnToo) {
@@ -121,22 +87,13 @@ TEST(PalettedLine, AGradientPenGetsTheDataOnceAPassTheSeriesOwnToo) {
   std::vector<std::shared_ptr<SpannedPen>> pens(kPens);
   std::vector<Style> styles(kPens);
   for (size_t i = 0; i < kPens; ++i) styles[i] = styleOf(pens[i] = std::make_shared<SpannedPen>());
-  const auto own = pens[0];
   styles[0] = nullptr;
-  drawn.series->style()->setLinePen(own);
+  drawn.series->style()->setLinePen(pens[0]);
   drawn.palette->answer = [&](double, double, uint32_t index) { return styles[index % kPens]; };
   for (int pass = 1; pass <= 2; ++pass) {
     drawn.draw();
     for (const auto& pen : pens) EXPECT_EQ(pen->spans, pass);
   }
-  // Drawn on its own, the line spans the own pen as well.
-  drawn.series->drawLineSeriesToContext(*drawn.surface->render, *drawn.data, drawn.palette, false, true);
-  for (const auto& pen : pens) EXPECT_EQ(pen->spans, 3);
-  // One that comes in the place of the own pen while the palette is told of the data gets it too.
-  const auto late = std::make_shared<SpannedPen>();
-  drawn.palette->onUpdate = [&] { drawn.series->style()->setLinePen(late); };
-  drawn.draw();
-  EXPECT_EQ(late->spans, 1);
 }
 
 TEST(PalettedLine, APaletteMayTakeTheChartApart) {

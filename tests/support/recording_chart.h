@@ -8,7 +8,7 @@
 #include "velmora/surface/chart_surface.h"
 #include "velmora/surface/chart_surface_view.h"
 
-/// A surface view whose chart frame is set by hand, unless `placesByItself`.
+/// A surface view whose chart frame is set by hand.
 class RecordingView : public VELChartSurfaceViewBase {
  public:
   explicit RecordingView(const VELRect& frame) : VELChartSurfaceViewBase(frame) {

@@ -132,7 +132,7 @@ class RecordingSurface : public VELRenderSurfaceBase {
       return context;
     };
     surface->addRenderContext(surface->render = makeContext());
-    surface->addModifierContext(surface->modifier = makeContext());
+    surface->addModifierContext(makeContext());
     surface->addBackgroundContext(surface->background = makeContext());
     return surface;
   }
@@ -145,6 +145,5 @@ class RecordingSurface : public VELRenderSurfaceBase {
 
   std::shared_ptr<VELDisplayLink> link = std::make_shared<VELDisplayLink>();
   std::shared_ptr<RecordingContext> render;
-  std::shared_ptr<RecordingContext> modifier;
   std::shared_ptr<RecordingContext> background;
 };

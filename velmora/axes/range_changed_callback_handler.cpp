@@ -1,23 +1,8 @@
 #include "velmora/axes/range_changed_callback_handler.h"
+#include "velmora/platform/scoped_mark.h"
 
 #include <algorithm>
 #include <utility>
-
-namespace {
-
-// Raised while blocks are told, and let go when one of them raises.
-class NotifyingFlag {
- public:
-  explicit NotifyingFlag(bool& flag) : _flag(flag) { _flag = true; }
-  NotifyingFlag(const NotifyingFlag&) = delete;
-  NotifyingFlag& operator=(const NotifyingFlag&) = delete;
-  ~NotifyingFlag() { _flag = false; }
-
- private:
-  bool& _flag;
-};
-
-}  // namespace
 
 uint64_t VELRangeChangedCallbackHandler::add(Block block) {
   _entries.push_back({_nextKey, std::make_shared<const Block>(std::move(block))});
@@ -33,7 +18,7 @@ void VELRangeChangedCallbackHandler::notify(const VELRangePtr& oldRange, const V
   _pending = {newRange, isAnimationChange};
   _hasPending = true;
   if (_isNotifying) return;
-  const NotifyingFlag notifying(_isNotifying);
+  const VELScopedMark notifying(_isNotifying);
   VELRangePtr former = oldRange;
   for (int round = 0; round < maxRounds && std::exchange(_hasPending, false); ++round) {
     const Change change = _pending;

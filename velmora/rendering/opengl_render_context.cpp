@@ -5,6 +5,7 @@
 #include <span>
 
 #include "velmora/data/array_controller.h"
+#include "velmora/platform/scoped_mark.h"
 #include "velmora/rendering/brush_shader_controller.h"
 #include "velmora/rendering/opengl_context_controller.h"
 #include "velmora/rendering/pixel_grid.h"
@@ -24,18 +25,6 @@ double clipEdge(double pixels) {
   constexpr double farthest = 1 << 24;
   return std::trunc(std::clamp(VELSnappedToPixels(pixels), -farthest, farthest));
 }
-
-/// Sets a mark for the length of a block.
-class Mark {
- public:
-  explicit Mark(bool& mark) : _mark(mark) { _mark = true; }
-  Mark(const Mark&) = delete;
-  Mark& operator=(const Mark&) = delete;
-  ~Mark() { _mark = false; }
-
- private:
-  bool& _mark;
-};
 
 }  // namespace
 
@@ -95,7 +84,7 @@ void VELOpenGLRenderContext::performDrawingCommands() {
   {
     // A brush of the application's own may draw or clear here; the commands of the frame have to stay in
     // place.
-    const Mark replaying(_isReplaying);
+    const VELScopedMark replaying(_isReplaying);
     _drawingOrder.o_performCommands();
   }
   if (isInFrame) return;

@@ -3,24 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "velmora/platform/scoped_mark.h"
 #include "velmora/rendering/brush.h"
 #include "velmora/rendering/visual_style.h"
 #include "velmora/surface/chart_surface.h"
 
 namespace {
 constexpr std::array kSides = {VELChartSide_Left, VELChartSide_Right, VELChartSide_Top, VELChartSide_Bottom};
-
-// Marks a layout under way, also when it raises.
-class LayoutGuard {
- public:
-  explicit LayoutGuard(bool& flag) : _flag(flag) { _flag = true; }
-  LayoutGuard(const LayoutGuard&) = delete;
-  LayoutGuard& operator=(const LayoutGuard&) = delete;
-  ~LayoutGuard() { _flag = false; }
-
- private:
-  bool& _flag;
-};
 
 }  // namespace
 
@@ -58,7 +47,7 @@ void VELChartSurfaceViewBase::layoutSubviews() {
   // Both held: the block may replace itself or let go of the view.
   const auto self = weak_from_this().lock();
   const auto block = _onLayoutSubviews;
-  const LayoutGuard guard(_layingOut);
+  const VELScopedMark guard(_layingOut);
   if (*block)
     (*block)(wantedSize(VELChartSide_Left), wantedSize(VELChartSide_Right), wantedSize(VELChartSide_Top),
              wantedSize(VELChartSide_Bottom));

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "velmora/platform/density.h"
+#include "velmora/platform/scoped_mark.h"
 #include "velmora/platform/sdl/sdl_events.h"
 #include "velmora/platform/tree_fingerprint.h"
 
@@ -34,18 +35,6 @@ std::shared_ptr<VELWindowHost> refused(std::string reason, std::string* failure)
   if (failure) *failure = std::move(reason);
   return nullptr;
 }
-
-/// Set for the length of a turn, also one that an exception of the application ends.
-class TurnMark {
- public:
-  explicit TurnMark(bool& mark) : _mark(mark) { _mark = true; }
-  TurnMark(const TurnMark&) = delete;
-  TurnMark& operator=(const TurnMark&) = delete;
-  ~TurnMark() { _mark = false; }
-
- private:
-  bool& _mark;
-};
 
 template <typename Callback, typename Value>
 void call(std::shared_ptr<const Callback> callback, const Value& value) {
@@ -112,7 +101,7 @@ bool VELSDLWindowHost::step(double mostSeconds) {
   if (_isTurning) return false;
   const auto self = shared_from_this();
   if (_isOpen && !_isStopped) {
-    const TurnMark mark(_isTurning);
+    const VELScopedMark mark(_isTurning);
     turn(mostSeconds);
   }
   return !std::exchange(_isStopped, false) && _isOpen;
